@@ -1,0 +1,45 @@
+#include "app/ui/LWApplication.h"
+
+#include "app/ui/LWMainWindow.h"
+#include "app/ui/WindowScreenshot.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+namespace LWApplication {
+
+namespace {
+
+QString screenshotPathFrom(const QApplication &app)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Larkwood, a text editor for programmers"));
+    parser.addHelpOption();
+    parser.addOption({QStringLiteral("screenshot"),
+                      QStringLiteral("Save a picture of the window once the editor is ready, then quit."),
+                      QStringLiteral("png")});
+    parser.addPositionalArgument(QStringLiteral("paths"), QStringLiteral("Files and folders to open."),
+                                 QStringLiteral("[paths...]"));
+    parser.process(app);
+    return parser.value(QStringLiteral("screenshot"));
+}
+
+}
+
+int run(int argc, char *argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Larkwood"));
+    QApplication::setOrganizationName(QStringLiteral("Larkwood"));
+
+    const QString screenshotPath = screenshotPathFrom(app);
+    LWMainWindow window;
+    window.resize(1200, 800);
+    window.show();
+    if (!screenshotPath.isEmpty())
+        WindowScreenshot::takeWhenEditorReady(&window, window.editorView(), screenshotPath);
+    return app.exec();
+}
+
+}
