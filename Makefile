@@ -3,6 +3,7 @@ BUILD ?= build
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
 JOBS ?= 2
+MAKEFLAGS += --no-print-directory
 
 .PHONY: setup configure build run test fuzz bench clean
 
