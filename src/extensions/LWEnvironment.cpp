@@ -7,7 +7,6 @@
 #include "extensions/LWPlugin.h"
 #include "extensions/LWSpec.h"
 #include "extensions/LWTheme.h"
-#include "terminal/LWTerminal.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -21,7 +20,7 @@ template <typename Bundle, typename Factory>
 void appendBundles(std::vector<std::unique_ptr<Bundle>> &list, const QString &relativeFolder,
                    const QString &type, Factory make)
 {
-    for (const QString &path : LWBundle::bundlePathsInFolder(LWPaths::dataPath(relativeFolder), type))
+    for (const QString &path : FileManager::folderContentsOfType(LWPaths::dataPath(relativeFolder), type))
         list.emplace_back(make(path));
 }
 
@@ -39,7 +38,9 @@ QList<Bundle *> rawList(const std::vector<std::unique_ptr<Bundle>> &list)
 // folder of that name is left alone.
 void copyIntoUserFolder(const QString &path, const QString &relativeFolder)
 {
-    const QString destination = LWPaths::dataPath(relativeFolder) + QLatin1Char('/') + QFileInfo(path).fileName();
+    const QString folder = LWPaths::dataPath(relativeFolder);
+    const QString destination = folder + QLatin1Char('/') + QFileInfo(path).fileName();
+    FileManager::createAsFolder(folder);
     if (QFileInfo::exists(destination))
         qWarning("LWEnvironment : addUser :: ERROR : %s exists", qUtf8Printable(destination));
     else
@@ -68,7 +69,7 @@ bool LWEnvironment::isSandboxed()
 
 void LWEnvironment::load()
 {
-    setEnvPath(LWTerminal::getPath());
+    setEnvPath(qEnvironmentVariable("PATH"));
     setPwd(QString());
     updated = LWDataRoot::prepare();
     loadBundles();

@@ -1,0 +1,40 @@
+#include "extensions/LWPlugin.h"
+
+#include "app/LWShell.h"
+#include "extensions/LWEnvironment.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+LWPlugin *LWPlugin::pluginFromPath(const QString &path)
+{
+    return new LWPlugin(path);
+}
+
+bool LWPlugin::mayRun() const
+{
+    return !LWEnvironment::isSandboxed() || !needsNoSandbox();
+}
+
+QString LWPlugin::runScript(const QString &scriptSource) const
+{
+    const QByteArray encoded = QJsonDocument(QJsonArray{scriptSource}).toJson(QJsonDocument::Compact);
+    return QStringLiteral("$Core.runPlugin('%1','%2',%3);")
+        .arg(infoText(QStringLiteral("name")), path(), QString::fromUtf8(encoded));
+}
+
+void LWPlugin::execute() const
+{
+    LWShell *shell = LWShell::instance();
+    QFile script(path() + QStringLiteral("/script.coffee"));
+    if (!script.open(QIODevice::ReadOnly)) {
+        qWarning("LWPlugin : execute :: no script file in %s", qUtf8Printable(path()));
+        if (shell)
+            shell->showAlert(QStringLiteral("Plugin error"),
+                             QStringLiteral("Plugin doesn't seem to be correctly set up - no script file found"));
+        return;
+    }
+    if (shell)
+        shell->evaluateInEditor(runScript(QString::fromUtf8(script.readAll())));
+}

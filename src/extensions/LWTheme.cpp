@@ -1,0 +1,57 @@
+#include "extensions/LWTheme.h"
+
+#include "app/LWPaths.h"
+#include "extensions/LWTextFiles.h"
+#include "extensions/LWThemeModule.h"
+
+#include <QFileInfo>
+#include <QProcess>
+
+LWTheme *LWTheme::themeFromPath(const QString &path)
+{
+    return new LWTheme(path);
+}
+
+QString LWTheme::modulePath() const
+{
+    return LWPaths::dataPath(QStringLiteral("Data/Html/ace/theme-%1.js").arg(infoText(QStringLiteral("name"))));
+}
+
+void LWTheme::install()
+{
+    if (!LWTextFiles::isSafeFileName(infoText(QStringLiteral("name")))) {
+        qWarning("LWTheme : install :: no usable theme name in %s", qUtf8Printable(path()));
+        return;
+    }
+    const QString lessPath = path() + QStringLiteral("/style.less");
+    if (QFileInfo::exists(lessPath)) {
+        compileLess(lessPath);
+        return;
+    }
+    const auto css = LWTextFiles::readUtf8(path() + QStringLiteral("/style.css"));
+    if (!css) {
+        qWarning("LWTheme : install :: no style.less or style.css in %s", qUtf8Printable(path()));
+        return;
+    }
+    LWTextFiles::writeAtomically(modulePath(), LWThemeModule::moduleText(infoText(QStringLiteral("name")),
+                                                                          info().value(QStringLiteral("dark")), *css));
+}
+
+void LWTheme::compileLess(const QString &lessPath)
+{
+    const QString lessc = LWPaths::dataPath(QStringLiteral("Data/Bin/node/lib/node_modules/less/bin/lessc"));
+    const QString identifier = infoText(QStringLiteral("name"));
+    const QVariant dark = info().value(QStringLiteral("dark"));
+    const QString target = modulePath();
+    // The completion may outlive this theme object, so it carries copies.
+    auto *compiler = new QProcess;
+    QObject::connect(compiler, &QProcess::finished, [compiler, identifier, dark, target, lessPath] {
+        compiler->deleteLater();
+        const QString output = QString::fromUtf8(compiler->readAllStandardOutput());
+        if (output.trimmed().isEmpty())
+            qWarning("LWTheme : install :: lessc produced nothing for %s", qUtf8Printable(lessPath));
+        const QString css = LWThemeModule::rewriteCompiledLess(output, identifier);
+        LWTextFiles::writeAtomically(target, LWThemeModule::moduleText(identifier, dark, css));
+    });
+    compiler->start(lessc, {lessPath});
+}
