@@ -35,11 +35,9 @@ public:
     // Alerts the user must act on.
     virtual void showAlert(const QString &title, const QString &informativeText) = 0;
 
-    // Extension menus: the run button's visibility, and rebuilding the plugin
-    // menus (for the current document's specification) or the Themes menu
-    // after the user adds a bundle.
+    // Extension menus: the run button's visibility, and rebuilding the Themes
+    // menu after the user adds a theme.
     virtual void setRunButtonVisible(bool visible) = 0;
-    virtual void updatePluginMenus() = 0;
     virtual void updateThemesMenu() = 0;
 
     // Dialogs attached to the main window. Each returns at once; the completion

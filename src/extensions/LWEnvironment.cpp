@@ -161,7 +161,7 @@ void LWEnvironment::addUserPluginFromPath(const QString &path)
     copyIntoUserFolder(path, QStringLiteral("User/Plugins"));
     pluginList.emplace_back(LWPlugin::pluginFromPath(path));
     if (LWShell *shell = LWShell::instance())
-        shell->updatePluginMenus();
+        shell->updatePluginMenusForSpec(menuSpec);
 }
 
 void LWEnvironment::addUserThemeFromPath(const QString &path)

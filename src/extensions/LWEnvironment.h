@@ -82,7 +82,8 @@ public:
     QVariantMap templatesDictionaryWithSelector(const QString &selector) const;
 
     // --- Bundles the user adds
-    // Copies the plugin folder into "User/Plugins", lists it and rebuilds the plugin menus.
+    // Copies the plugin folder into "User/Plugins", lists it and rebuilds the
+    // plugin menus for the specification they were last built for.
     void addUserPluginFromPath(const QString &path);
     // Copies the theme folder into "User/Themes", lists and installs it and
     // rebuilds the Themes menu (the name map keeps its state until next start).
@@ -112,6 +113,7 @@ private:
     QHash<QString, LWSpec *> specsByName;
     QHash<QString, LWSpec *> specsByExtension;
     LWPlugin *boundRunPlugin = nullptr;
+    LWSpec *menuSpec = nullptr; // the specification the plugin menus were last built for
     bool updated = false;
 
     mutable QMutex lock;

@@ -115,6 +115,7 @@ QVariant LWEnvironment::pluginsArrayForSpec(LWSpec *spec, const QString &selecto
     if (shell)
         shell->setRunButtonVisible(false);
     boundRunPlugin = nullptr;
+    menuSpec = spec;
     QHash<QString, LWPlugin *> ownPlugins;
     for (LWPlugin *plugin : spec->plugins()) {
         ownPlugins.insert(plugin->name(), plugin);

@@ -200,7 +200,7 @@ void tst_LWEnvironment::addedUserBundlesAreCopiedAndListed()
     QCOMPARE(environment.pluginByName("Shout")->path(), tree.resources() + "/Incoming/Shout.lwPlugin");
     QVERIFY(tree.readData("Data/Html/ace/theme-dawn.js").contains("t.isDark = 0"));
     QVERIFY(!environment.themeNames().contains("Dawn"));
-    QCOMPARE(shell.pluginMenuUpdates, 1);
+    QCOMPARE(shell.pluginMenuSpecs.size(), 1);
     QCOMPARE(shell.themesMenuUpdates, 1);
 }
 

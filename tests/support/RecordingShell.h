@@ -13,6 +13,8 @@ public:
     RecordingShell() { LWShell::setInstance(this); }
     ~RecordingShell() override { LWShell::setInstance(nullptr); }
 
+    using LWShell::showAlert;
+
     QString evaluateInEditor(const QString &script) override
     {
         editorScripts.append(script);
@@ -35,7 +37,6 @@ public:
 
     // Extension menus.
     void setRunButtonVisible(bool visible) override { runButtonVisible = visible; }
-    void updatePluginMenus() override { ++pluginMenuUpdates; }
     void updateThemesMenu() override { ++themesMenuUpdates; }
 
     // Dialogs answer at once with the answers set below; a null answer cancels.
@@ -99,9 +100,7 @@ public:
     QString locationText;
     QList<QPair<QString, QString>> alerts;
     bool runButtonVisible = false;
-    int pluginMenuUpdates = 0;
     int themesMenuUpdates = 0;
-
     QList<QPair<QString, QString>> inputs;
     int confirmationAnswer = 1;
     QString inputAnswer;
