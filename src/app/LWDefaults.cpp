@@ -1,0 +1,146 @@
+#include "app/LWDefaults.h"
+
+#include "app/LWDefaultsValues.h"
+
+namespace {
+
+const QString fontNameKey = QStringLiteral("LW_FontName");
+const QString fallbackFontName = QStringLiteral("Menlo");
+
+}
+
+LWDefaults::LWDefaults(QObject *parent)
+    : QObject(parent),
+      store(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Larkwood"),
+            QStringLiteral("Larkwood"))
+{
+}
+
+LWDefaults *LWDefaults::shared()
+{
+    static LWDefaults store;
+    return &store;
+}
+
+void LWDefaults::registerDefaults(const QVariantMap &defaults)
+{
+    registered.insert(defaults);
+}
+
+bool LWDefaults::hasKey(const QString &key) const
+{
+    return store.contains(key) || registered.contains(key);
+}
+
+QVariant LWDefaults::objectForKey(const QString &key) const
+{
+    if (store.contains(key))
+        return store.value(key);
+    return registered.value(key);
+}
+
+bool LWDefaults::boolForKey(const QString &key) const
+{
+    return LWDefaultsValues::toBool(objectForKey(key));
+}
+
+qint64 LWDefaults::integerForKey(const QString &key) const
+{
+    return LWDefaultsValues::toInteger(objectForKey(key));
+}
+
+QString LWDefaults::stringForKey(const QString &key) const
+{
+    return objectForKey(key).toString();
+}
+
+QStringList LWDefaults::arrayForKey(const QString &key) const
+{
+    return LWDefaultsValues::toStringList(objectForKey(key));
+}
+
+QVariantMap LWDefaults::dictionaryForKey(const QString &key) const
+{
+    return LWDefaultsValues::toMap(objectForKey(key));
+}
+
+QString LWDefaults::fontName() const
+{
+    const QString name = stringForKey(fontNameKey);
+    return name.isEmpty() ? fallbackFontName : name;
+}
+
+void LWDefaults::setBool(const QString &key, bool value)
+{
+    setObject(key, value ? 1 : 0);
+}
+
+void LWDefaults::setInteger(const QString &key, qint64 value)
+{
+    setObject(key, value);
+}
+
+void LWDefaults::setString(const QString &key, const QString &value)
+{
+    setObject(key, value);
+}
+
+void LWDefaults::setObject(const QString &key, const QVariant &value)
+{
+    const QVariant before = objectForKey(key);
+    store.setValue(key, value);
+    notifyIfChanged(key, before);
+}
+
+void LWDefaults::removeObjectForKey(const QString &key)
+{
+    const QVariant before = objectForKey(key);
+    store.remove(key);
+    notifyIfChanged(key, before);
+}
+
+QVariantMap LWDefaults::dictionaryRepresentation() const
+{
+    QVariantMap values;
+    for (const QString &key : store.allKeys())
+        values.insert(key, store.value(key));
+    return values;
+}
+
+void LWDefaults::synchronize()
+{
+    store.sync();
+    if (store.status() != QSettings::NoError)
+        qWarning("LWDefaults : could not write \"%s\"", qUtf8Printable(store.fileName()));
+}
+
+QVariant LWDefaults::comparable(const QString &key, const QVariant &value) const
+{
+    switch (registered.value(key).typeId()) {
+    case QMetaType::Bool:
+        return LWDefaultsValues::toBool(value);
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return LWDefaultsValues::toInteger(value);
+    case QMetaType::QStringList:
+        return LWDefaultsValues::toStringList(value);
+    case QMetaType::QVariantMap:
+        return LWDefaultsValues::toMap(value);
+    default:
+        break;
+    }
+    switch (value.typeId()) {
+    case QMetaType::QStringList:
+    case QMetaType::QVariantList:
+    case QMetaType::QVariantMap:
+        return value;
+    default:
+        return value.toString();
+    }
+}
+
+void LWDefaults::notifyIfChanged(const QString &key, const QVariant &before)
+{
+    if (comparable(key, before) != comparable(key, objectForKey(key)))
+        emit valueChanged(key);
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QStringList>
+#include <QVariant>
+#include <QVariantMap>
+
+// Reading stored values in the type a caller expects. An INI file gives back
+// scalars as strings, a one-item list as a plain string and an empty list as
+// an invalid value; these conversions undo that.
+namespace LWDefaultsValues {
+
+bool toBool(const QVariant &value);
+qint64 toInteger(const QVariant &value);
+QStringList toStringList(const QVariant &value);
+QVariantMap toMap(const QVariant &value);
+
+}
