@@ -1,0 +1,4 @@
+local function main(...)
+end
+
+main(...)
