@@ -1,17 +1,19 @@
 #include "extensions/JSONCommentStripper.h"
 
+#include <QtAlgorithms>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace {
 
-// What a byte means to the scanner. Only a lead byte of C0 to FD starts a
-// unit longer than one byte.
-enum ByteClass : unsigned char { Plain, Blank, Quote, Slash, LineEnd, Lead };
-
-using ByteTable = std::array<unsigned char, 256>;
-
+// The length of the UTF-8 unit a byte starts; only C0 to FD start units longer
+// than one byte.
 constexpr unsigned char unitLengthOf(unsigned byte)
 {
     if (byte < 0xC0 || byte > 0xFD)
@@ -25,45 +27,55 @@ constexpr unsigned char unitLengthOf(unsigned byte)
     return byte < 0xFC ? 5 : 6;
 }
 
-constexpr ByteTable makeUnitLengths()
+constexpr std::array<unsigned char, 256> makeUnitLengths()
 {
-    ByteTable table{};
+    std::array<unsigned char, 256> table{};
     for (unsigned byte = 0; byte < 256; ++byte)
         table[byte] = unitLengthOf(byte);
     return table;
 }
 
-// Classes outside strings: blanks are dropped, quotes and slashes start
-// strings and comments.
-constexpr ByteTable makeOutsideClasses()
+constexpr std::array<unsigned char, 256> unitLengths = makeUnitLengths();
+
+constexpr qsizetype shortRun = 16;
+
+inline bool isBlank(char byte)
 {
-    ByteTable table{};
-    for (unsigned byte = 0; byte < 256; ++byte)
-        table[byte] = unitLengthOf(byte) > 1 ? Lead : Plain;
-    table['\t'] = table['\n'] = table['\r'] = table[' '] = Blank;
-    table['"'] = Quote;
-    table['/'] = Slash;
-    return table;
+    return byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t';
 }
 
-// Classes inside strings: everything is kept; quotes and line ends may end it.
-constexpr ByteTable makeStringClasses()
+inline bool isLineEnd(char byte)
 {
-    ByteTable table{};
-    for (unsigned byte = 0; byte < 256; ++byte)
-        table[byte] = unitLengthOf(byte) > 1 ? Lead : Plain;
-    table['\n'] = table['\r'] = LineEnd;
-    table['"'] = Quote;
-    return table;
+    return byte == '\n' || byte == '\r';
 }
 
-constexpr ByteTable unitLengths = makeUnitLengths();
-constexpr ByteTable outsideClasses = makeOutsideClasses();
-constexpr ByteTable stringClasses = makeStringClasses();
-
-inline unsigned char classOf(const ByteTable &table, const char *p)
+// Whether a byte may need a closer look: one of the needles, or a byte of C0
+// and above (every lead byte, plus FE and FF, which are units of one byte).
+template <char... Needles>
+inline bool isCandidate(char byte)
 {
-    return table[static_cast<unsigned char>(*p)];
+    return ((byte == Needles) || ...) || static_cast<unsigned char>(byte) >= 0xC0;
+}
+
+// The first candidate byte at or after p, or end. Runs of ordinary bytes are
+// passed over sixteen at a time where the processor allows.
+template <char... Needles>
+const char *findCandidate(const char *p, const char *end)
+{
+#if defined(__SSE2__)
+    const __m128i leadBits = _mm_set1_epi8(char(0xC0));
+    for (; end - p >= 16; p += 16) {
+        const __m128i chunk = _mm_loadu_si128(reinterpret_cast<const __m128i *>(p));
+        __m128i hits = _mm_cmpeq_epi8(_mm_and_si128(chunk, leadBits), leadBits);
+        ((hits = _mm_or_si128(hits, _mm_cmpeq_epi8(chunk, _mm_set1_epi8(Needles)))), ...);
+        const int mask = _mm_movemask_epi8(hits);
+        if (mask != 0)
+            return p + qCountTrailingZeroBits(quint32(mask));
+    }
+#endif
+    while (p < end && !isCandidate<Needles...>(*p))
+        ++p;
+    return p;
 }
 
 } // namespace
@@ -86,27 +98,18 @@ JSONCommentStripper::JSONCommentStripper(const char *begin, const char *end)
 void JSONCommentStripper::scan()
 {
     const char *p = begin;
-    while (p < end) {
-        switch (classOf(outsideClasses, p)) {
-        case Plain:
-            ++p;
-            break;
-        case Blank: {
+    while ((p = findCandidate<'\t', '\n', '\r', ' ', '"', '/'>(p, end)) < end) {
+        if (isBlank(*p)) {
             const char *blanks = p;
-            while (++p < end && classOf(outsideClasses, p) == Blank) {
+            while (++p < end && isBlank(*p)) {
             }
             drop(blanks, p);
-            break;
-        }
-        case Quote:
+        } else if (*p == '"') {
             p = afterString(p + 1);
-            break;
-        case Slash:
+        } else if (*p == '/') {
             p = afterSlash(p);
-            break;
-        default:
+        } else {
             p = afterUnit(p);
-            break;
         }
     }
 }
@@ -127,22 +130,12 @@ const char *JSONCommentStripper::afterSlash(const char *slash)
 // whether it is escaped, so a string ending in an escaped backslash stays open.
 const char *JSONCommentStripper::afterString(const char *p) const
 {
-    while (p < end) {
-        switch (classOf(stringClasses, p)) {
-        case Plain:
-            ++p;
-            break;
-        case Quote:
-            if (p[-1] != '\\')
-                return p + 1;
-            ++p;
-            break;
-        case LineEnd:
+    while ((p = findCandidate<'"', '\n', '\r'>(p, end)) < end) {
+        if (*p == '"' && p[-1] != '\\')
             return p + 1;
-        default:
-            p = afterUnit(p);
-            break;
-        }
+        if (isLineEnd(*p))
+            return p + 1;
+        p = afterUnit(p);
     }
     return end;
 }
@@ -150,14 +143,13 @@ const char *JSONCommentStripper::afterString(const char *p) const
 // p is just past "/*"; an unclosed comment runs to the end of the input.
 const char *JSONCommentStripper::afterBlockComment(const char *p) const
 {
-    while (p < end) {
-        if (*p == '*') {
-            if (p + 1 < end && p[1] == '/')
-                return p + 2;
-            ++p;
-        } else {
+    while ((p = findCandidate<'*'>(p, end)) < end) {
+        if (*p != '*')
             p = afterUnit(p);
-        }
+        else if (p + 1 < end && p[1] == '/')
+            return p + 2;
+        else
+            ++p;
     }
     return end;
 }
@@ -166,7 +158,7 @@ const char *JSONCommentStripper::afterBlockComment(const char *p) const
 // dropped as a blank.
 const char *JSONCommentStripper::afterLineComment(const char *p) const
 {
-    while (p < end && *p != '\n' && *p != '\r')
+    while ((p = findCandidate<'\n', '\r'>(p, end)) < end && !isLineEnd(*p))
         p = afterUnit(p);
     return p;
 }
@@ -183,8 +175,14 @@ void JSONCommentStripper::drop(const char *from, const char *to)
         buffer = QByteArray(end - begin, Qt::Uninitialized);
         out = buffer.data();
     }
+    // The output never runs ahead of the input, so while sixteen input bytes
+    // remain from kept, sixteen bytes also fit at out: short runs, the usual
+    // case, are moved with one fixed-size copy.
     const qsizetype keptLength = from - kept;
-    std::memcpy(out, kept, static_cast<size_t>(keptLength));
+    if (keptLength <= shortRun && end - kept >= shortRun)
+        std::memcpy(out, kept, shortRun);
+    else
+        std::memcpy(out, kept, static_cast<size_t>(keptLength));
     out += keptLength;
     kept = to;
 }
