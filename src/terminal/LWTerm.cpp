@@ -1,0 +1,143 @@
+#include "terminal/LWTerm.h"
+
+#include "app/LWShell.h"
+#include "extensions/LWEnvironment.h"
+#include "terminal/ChildEnvironment.h"
+#include "terminal/DetachedRun.h"
+#include "terminal/LWTerminal.h"
+#include "terminal/WorkingFolderSentinel.h"
+
+#include <QDebug>
+
+namespace {
+const QString shellProgram = QStringLiteral("/usr/bin/env");
+
+void showBusy(bool busy)
+{
+    LWShell *shell = LWShell::instance();
+    if (!shell)
+        return;
+    shell->setStatusMessage(busy ? QStringLiteral("Running...") : QString());
+    shell->setStatusSpinnerRunning(busy);
+}
+
+bool isNullElement(const QVariant &value)
+{
+    return !value.isValid() || value.typeId() == QMetaType::Nullptr;
+}
+}
+
+std::shared_ptr<LWTerm> LWTerm::create()
+{
+    return std::shared_ptr<LWTerm>(new LWTerm);
+}
+
+QStringList LWTerm::sanitizedArgs(const QVariantList &args)
+{
+    QStringList sanitized;
+    for (const QVariant &argument : args) {
+        if (isNullElement(argument))
+            continue;
+        if (!argument.canConvert<QString>()) {
+            qWarning().noquote() << QStringLiteral("Terminal argument of type %1 left out")
+                                        .arg(QString::fromLatin1(argument.typeName()));
+            continue;
+        }
+        QString text = argument.toString();
+        text.replace(QLatin1Char('"'), QLatin1String("\\\""));
+        sanitized.append(QLatin1Char('"') + text + QLatin1Char('"'));
+    }
+    return sanitized;
+}
+
+QString LWTerm::exec(const QStringList &args, const QVariantMap &environment)
+{
+    return LWTerminal::exec(args, environment);
+}
+
+QString LWTerm::exec(const QVariantList &args, const QVariantMap &environment, Handler onChunk,
+                     Handler onCompleted)
+{
+    showBusy(true);
+    action = std::move(onChunk);
+    completed = std::move(onCompleted);
+    collected.clear();
+    inputClosed = false;
+
+    auto *child = new QProcess;
+    process = child;
+    if (!environment.isEmpty())
+        child->setProcessEnvironment(ChildEnvironment::fromEntries(environment));
+    const LWEnvironment *registry = LWEnvironment::shared();
+    const QString line = WorkingFolderSentinel::commandLine(registry ? registry->pwd() : QString(),
+                                                            sanitizedArgs(args));
+
+    // The connections hold this run alive until the child has ended.
+    std::shared_ptr<LWTerm> self = shared_from_this();
+    QObject::connect(child, &QProcess::readyReadStandardOutput, child,
+                     [self] { self->readChannel(self->outputReader); });
+    QObject::connect(child, &QProcess::readyReadStandardError, child,
+                     [self] { self->readChannel(self->errorReader); });
+    QObject::connect(child, &QProcess::finished, child, [self] { self->finish(); });
+    QObject::connect(child, &QProcess::errorOccurred, child, [self](QProcess::ProcessError error) {
+        if (error != QProcess::FailedToStart)
+            return;
+        qWarning().noquote() << QStringLiteral("Cannot start %1: %2")
+                                    .arg(shellProgram, self->process->errorString());
+        self->finish();
+    });
+    child->start(shellProgram, {QStringLiteral("bash"), QStringLiteral("--login"), QStringLiteral("-c"), line});
+    return QString();
+}
+
+void LWTerm::readChannel(Utf8ChannelReader &reader)
+{
+    QString chunk = reader.readAvailable(*process);
+    const QString folder = WorkingFolderSentinel::takeFolder(chunk);
+    if (!folder.isNull() && LWEnvironment::shared())
+        LWEnvironment::shared()->setPwd(folder);
+    if (action)
+        action(chunk);
+    collected += chunk;
+}
+
+void LWTerm::finish()
+{
+    QProcess *child = process;
+    process = nullptr;
+    if (completed)
+        completed(collected);
+    showBusy(false);
+    // Dropping the connections releases this run; the lambdas' captures die
+    // with them only after the current one has returned.
+    QObject::disconnect(child, nullptr, nullptr, nullptr);
+    child->deleteLater();
+}
+
+bool LWTerm::writeInput(const QString &text, QString *reason)
+{
+    if (!process || process->state() == QProcess::NotRunning) {
+        *reason = QStringLiteral("no running process");
+        return false;
+    }
+    if (inputClosed) {
+        *reason = QStringLiteral("standard input is already closed");
+        return false;
+    }
+    process->write(text.toUtf8());
+    process->closeWriteChannel();
+    inputClosed = true;
+    return true;
+}
+
+void LWTerm::detach()
+{
+    QProcess *child = process;
+    if (!child)
+        return;
+    // Stop reading, but keep the completion: the child still counts as ended
+    // when it exits.
+    QObject::disconnect(child, &QProcess::readyReadStandardOutput, nullptr, nullptr);
+    QObject::disconnect(child, &QProcess::readyReadStandardError, nullptr, nullptr);
+    discardFurtherOutput(child);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class LWTerm;
+
+// The terminal pane's side of the backend: runs the page's commands as shell
+// sessions whose output is handed to the page's callback scripts, writes the
+// page's input to the running session and detaches it on request. At most
+// one session is current.
+class LWTerminalSession
+{
+public:
+    // commandJSON: a JSON array of words; environmentJSON: a JSON object or
+    // "". actionFormat and completedFormat are scripts with one "%@" for the
+    // escaped output ("" for none). With a callback, starts a session (the
+    // current one is detached first) and answers ""; without either, runs the
+    // command at once without a shell and answers its output.
+    QString terminalExec(const QString &commandJSON, const QString &environmentJSON,
+                         const QString &actionFormat, const QString &completedFormat);
+
+    // Sends the text to the current session's standard input, which is then
+    // closed. Failures are only logged.
+    void terminalWrite(const QString &text);
+
+    // Forgets the current session; its process runs on, unread.
+    void terminalKill();
+
+    // Runs the plugin bound to the run button, if any.
+    static bool execRun();
+
+    // The current session; null when none.
+    LWTerm *termTask() const { return current.get(); }
+
+private:
+    std::shared_ptr<LWTerm> current;
+};
