@@ -5,8 +5,11 @@
 #include <QVariantList>
 
 #include <functional>
+#include <memory>
 
+class LWDocument;
 class LWSpec;
+class QImage;
 
 // The window side of the application as the core library sees it: evaluating
 // scripts in the editor pages, the status bar, the outline, the tab bar,
@@ -71,4 +74,41 @@ public:
     // The specification pop-up's title and the plugin menus of one specification.
     virtual void setSpecPopupTitle(const QString &title) = 0;
     virtual void updatePluginMenusForSpec(LWSpec *spec) = 0;
+
+    // Main window: its title, the editor's loading spinner, and what fills
+    // the editor area: the editor itself, or an image preview in its place
+    // (both also hide the binary preview).
+    virtual void setWindowTitle(const QString &title) = 0;
+    virtual void setLoadingSpinnerVisible(bool visible) = 0;
+    virtual void showEditorView() = 0;
+    virtual void showImagePreview(const QImage &image) = 0;
+
+    // Visibility of the status message and the status spinner.
+    virtual void setStatusMessageVisible(bool visible) = 0;
+    virtual void setStatusSpinnerVisible(bool visible) = 0;
+
+    // Sidebar outline. Selecting a node expands its parents first; expanding
+    // null expands every top-level item with all its children.
+    virtual void reloadOutline() = 0;
+    virtual void selectInOutline(const std::shared_ptr<LWDocument> &document) = 0;
+    virtual void expandInOutline(const std::shared_ptr<LWDocument> &document, bool withChildren) = 0;
+    virtual std::shared_ptr<LWDocument> selectedInOutline() = 0;
+    // The sidebar menu's "Open in New Tab" for the selected row.
+    virtual void openOutlineSelectionInNewTab() = 0;
+
+    // Tab bar: a new active tab for a node, and the selected tab's title.
+    virtual void addTabWithDocument(const std::shared_ptr<LWDocument> &document) = 0;
+    virtual void setSelectedTabTitle(const QString &title) = 0;
+
+    // Workspace bookkeeping: the node the outline selects once it is shown,
+    // and the desktop's recent-documents list.
+    virtual void setDocumentToSelect(const std::shared_ptr<LWDocument> &document) = 0;
+    virtual void noteRecentDocument(const QString &path) = 0;
+
+    // Open and save dialogs answer the chosen path (links resolved); an
+    // empty file-type list allows every file. Printing plain text.
+    virtual void showOpenDialog(bool files, bool folders, const QStringList &fileTypes,
+                                const std::function<void(const QString &)> &chosen) = 0;
+    virtual void showSaveDialog(const std::function<void(const QString &)> &chosen) = 0;
+    virtual void printText(const QString &text) = 0;
 };

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/LWShell.h"
+#include "documents/LWDocument.h"
 
+#include <QImage>
 #include <QPair>
 #include <QStringList>
 
@@ -18,6 +20,7 @@ public:
     QString evaluateInEditor(const QString &script) override
     {
         editorScripts.append(script);
+        calls.append(QStringLiteral("script ") + script);
         return scriptAnswer;
     }
     QString evaluateInUtility(const QString &script) override
@@ -26,8 +29,16 @@ public:
         return scriptAnswer;
     }
 
-    void setStatusMessage(const QString &message) override { statusMessages.append(message); }
-    void setStatusSpinnerRunning(bool running) override { spinnerRunning = running; }
+    void setStatusMessage(const QString &message) override
+    {
+        statusMessages.append(message);
+        calls.append(QStringLiteral("status message \"%1\"").arg(message));
+    }
+    void setStatusSpinnerRunning(bool running) override
+    {
+        spinnerRunning = running;
+        calls.append(running ? QStringLiteral("status spinner running") : QStringLiteral("status spinner stopped"));
+    }
     void setLocationText(const QString &text) override { locationText = text; }
 
     void showAlert(const QString &title, const QString &informativeText) override
@@ -91,6 +102,81 @@ public:
 
     void setSpecPopupTitle(const QString &title) override { specPopupTitle = title; }
     void updatePluginMenusForSpec(LWSpec *spec) override { pluginMenuSpecs.append(spec); }
+
+    // Window, outline, tab bar, bookkeeping and file dialogs: each call is
+    // logged in calls as one readable line, naming nodes by label.
+    void setWindowTitle(const QString &title) override { calls.append(QStringLiteral("window title ") + title); }
+    void setLoadingSpinnerVisible(bool visible) override
+    {
+        calls.append(QStringLiteral("loading spinner ") + shown(visible));
+    }
+    void showEditorView() override { calls.append(QStringLiteral("editor shown")); }
+    void showImagePreview(const QImage &image) override
+    {
+        previewImage = image;
+        calls.append(QStringLiteral("image preview %1x%2").arg(image.width()).arg(image.height()));
+    }
+    void setStatusMessageVisible(bool visible) override
+    {
+        calls.append(QStringLiteral("status message ") + shown(visible));
+    }
+    void setStatusSpinnerVisible(bool visible) override
+    {
+        calls.append(QStringLiteral("status spinner ") + shown(visible));
+    }
+    void reloadOutline() override { calls.append(QStringLiteral("outline reload")); }
+    void selectInOutline(const std::shared_ptr<LWDocument> &document) override
+    {
+        calls.append(QStringLiteral("outline select ") + labelOf(document));
+    }
+    void expandInOutline(const std::shared_ptr<LWDocument> &document, bool withChildren) override
+    {
+        calls.append(QStringLiteral("outline expand %1%2")
+                         .arg(document ? labelOf(document) : QStringLiteral("all"),
+                              withChildren ? QStringLiteral(" with children") : QString()));
+    }
+    std::shared_ptr<LWDocument> selectedInOutline() override { return outlineSelection; }
+    void openOutlineSelectionInNewTab() override { calls.append(QStringLiteral("outline open selection in new tab")); }
+    void addTabWithDocument(const std::shared_ptr<LWDocument> &document) override
+    {
+        tabDocuments.append(document);
+        calls.append(QStringLiteral("tab add ") + labelOf(document));
+    }
+    void setSelectedTabTitle(const QString &title) override { calls.append(QStringLiteral("tab title ") + title); }
+    void setDocumentToSelect(const std::shared_ptr<LWDocument> &document) override
+    {
+        documentToSelect = document;
+        calls.append(QStringLiteral("to select ") + labelOf(document));
+    }
+    void noteRecentDocument(const QString &path) override { calls.append(QStringLiteral("recent ") + path); }
+    void showOpenDialog(bool files, bool folders, const QStringList &fileTypes,
+                        const std::function<void(const QString &)> &chosen) override
+    {
+        calls.append(QStringLiteral("open dialog files %1 folders %2 types [%3]")
+                         .arg(files).arg(folders).arg(fileTypes.join(QLatin1Char(','))));
+        if (!pathAnswer.isNull())
+            chosen(pathAnswer);
+    }
+    void showSaveDialog(const std::function<void(const QString &)> &chosen) override
+    {
+        calls.append(QStringLiteral("save dialog"));
+        if (!pathAnswer.isNull())
+            chosen(pathAnswer);
+    }
+    void printText(const QString &text) override { calls.append(QStringLiteral("print ") + text); }
+
+    static QString shown(bool visible) { return visible ? QStringLiteral("shown") : QStringLiteral("hidden"); }
+    static QString labelOf(const std::shared_ptr<LWDocument> &document)
+    {
+        return document ? document->label() : QStringLiteral("(none)");
+    }
+
+    QStringList calls;
+    QString pathAnswer; // null: the open and save dialogs are cancelled
+    std::shared_ptr<LWDocument> outlineSelection;
+    std::shared_ptr<LWDocument> documentToSelect;
+    QList<std::shared_ptr<LWDocument>> tabDocuments;
+    QImage previewImage;
 
     QString scriptAnswer;
     QStringList editorScripts;

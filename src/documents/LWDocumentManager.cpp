@@ -1,0 +1,159 @@
+#include "documents/LWDocumentManager.h"
+
+#include "app/LWShell.h"
+#include "documents/LWImagePreview.h"
+
+#include "documents/LWImportTask.h"
+
+#include <QtDebug>
+
+namespace {
+
+LWDocumentManager *sharedManager = nullptr;
+
+}
+
+LWDocumentManager::LWDocumentManager() = default;
+
+LWDocumentManager::~LWDocumentManager()
+{
+    if (sharedManager == this)
+        sharedManager = nullptr;
+}
+
+LWDocumentManager *LWDocumentManager::shared()
+{
+    return sharedManager;
+}
+
+void LWDocumentManager::setShared(LWDocumentManager *manager)
+{
+    sharedManager = manager;
+}
+
+std::unique_ptr<LWDocumentManager> LWDocumentManager::newWithUntitled()
+{
+    auto manager = std::make_unique<LWDocumentManager>();
+    LWDocument::Ptr untitled = LWDocument::emptyFile();
+    manager->tree.addDocumentToFilesGroup(untitled);
+    LWShell *shell = LWShell::instance();
+    if (shell) {
+        shell->addTabWithDocument(untitled);
+        shell->setDocumentToSelect(untitled);
+    }
+    manager->setCurrentDocument(untitled);
+    QMetaObject::invokeMethod(manager.get(), [] {
+        if (LWShell *shell = LWShell::instance()) {
+            shell->reloadOutline();
+            shell->expandInOutline(nullptr, true);
+        }
+    }, Qt::QueuedConnection);
+    return manager;
+}
+
+std::unique_ptr<LWDocumentManager> LWDocumentManager::newWithPaths(const QStringList &paths)
+{
+    auto manager = std::make_unique<LWDocumentManager>();
+    manager->importInBackground(paths);
+    if (LWShell *shell = LWShell::instance())
+        shell->addTabWithDocument(LWDocument::emptyFile());
+    return manager;
+}
+
+std::unique_ptr<LWDocumentManager> LWDocumentManager::copy() const
+{
+    qInfo("copyWithZone:");
+    auto manager = std::make_unique<LWDocumentManager>();
+    manager->tree = tree;
+    return manager;
+}
+
+void LWDocumentManager::setCurrentDocument(const LWDocument::Ptr &document)
+{
+    current = document ? document->copy() : nullptr;
+}
+
+// MARK: background import
+
+void LWDocumentManager::importInBackground(const QStringList &paths)
+{
+    if (paths.isEmpty()) {
+        QMetaObject::invokeMethod(this, &LWDocumentManager::importFinished, Qt::QueuedConnection);
+        return;
+    }
+    const auto showProgress = [](qsizetype) {
+        if (LWShell *shell = LWShell::instance()) {
+            shell->setStatusMessage(QStringLiteral("Importing Documents..."));
+            shell->setStatusMessageVisible(true);
+            shell->setStatusSpinnerRunning(true);
+            shell->setStatusSpinnerVisible(true);
+        }
+    };
+    const qsizetype last = paths.size() - 1;
+    LWImportTask::start(paths, this, showProgress,
+                        [this, last](qsizetype index, const QString &path, const LWDocument::Ptr &node) {
+                            adoptImported(path, node, index == last);
+                        });
+}
+
+void LWDocumentManager::adoptImported(const QString &path, const LWDocument::Ptr &node, bool isLast)
+{
+    const LWDocument::Ptr adopted = tree.adoptImported(path, node);
+    if (LWShell *shell = LWShell::instance()) {
+        if (adopted && adopted->isFile())
+            shell->setDocumentToSelect(adopted);
+        shell->reloadOutline();
+        if (adopted)
+            shell->expandInOutline(adopted->isFile() ? tree.filesGroup() : adopted, false);
+        if (isLast)
+            shell->setStatusMessage(QLatin1String(""));
+        shell->setStatusMessageVisible(false);
+        shell->setStatusSpinnerRunning(false);
+        shell->setStatusSpinnerVisible(false);
+    }
+    if (isLast)
+        emit importFinished();
+}
+
+// MARK: switching documents
+
+void LWDocumentManager::switchToDoc(const LWDocument::Ptr &document)
+{
+    if (!document) {
+        qWarning("switchToDoc: no document to switch to");
+        return;
+    }
+    LWShell *shell = LWShell::instance();
+    if (shell)
+        shell->setLoadingSpinnerVisible(false);
+    if (current && current != document)
+        storeOutgoingState();
+    current = document;
+    if (!shell)
+        return;
+    shell->setWindowTitle(document->path().isEmpty()
+                              ? document->label()
+                              : QStringLiteral("%1 - %2").arg(document->label(), document->path()));
+    if (!document->isUntitled() && LWImagePreview::isImage(document->fullPath())) {
+        shell->showImagePreview(LWImagePreview::load(document->fullPath()));
+        return;
+    }
+    shell->showEditorView();
+    loadIntoEditor(document);
+}
+
+void LWDocumentManager::storeOutgoingState()
+{
+    LWShell *shell = LWShell::instance();
+    if (!shell)
+        return;
+    current->updateFromJson(shell->evaluateInEditor(QStringLiteral("lw.getState()")));
+    shell->evaluateInEditor(QStringLiteral("lw.saveLocalState('%1');").arg(current->identity()));
+}
+
+void LWDocumentManager::loadIntoEditor(const LWDocument::Ptr &document)
+{
+    LWShell *shell = LWShell::instance();
+    shell->evaluateInEditor(QStringLiteral("lw.setState(%1);").arg(document->toJson()));
+    shell->evaluateInEditor(QStringLiteral("lw.loadLocalState('%1');").arg(document->identity()));
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "documents/LWDocumentTree.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+// Owns the workspace tree and knows which node is in the editor. Switching
+// the editor between nodes saves the outgoing node's text and cursor state
+// and loads the incoming node, or shows a preview for an image. At start-up
+// it imports the remembered paths on a background thread while the sidebar
+// fills in.
+class LWDocumentManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    LWDocumentManager();
+    ~LWDocumentManager() override;
+
+    // The manager in use, or nullptr before the application has one.
+    static LWDocumentManager *shared();
+    static void setShared(LWDocumentManager *manager);
+
+    // A workspace of one untitled file, which becomes the current document.
+    static std::unique_ptr<LWDocumentManager> newWithUntitled();
+    // An empty workspace that imports the paths in the background; a tab for
+    // an untitled file outside the tree is shown meanwhile.
+    static std::unique_ptr<LWDocumentManager> newWithPaths(const QStringList &paths);
+
+    // A manager over a copy of this one's tree, without a current document.
+    std::unique_ptr<LWDocumentManager> copy() const;
+
+    LWDocumentTree &documentTree() { return tree; }
+    const LWDocumentTree &documentTree() const { return tree; }
+    LWDocument::Ptr currentDocument() const { return current; }
+    // Stores a copy of the node; switchToDoc stores the node itself.
+    void setCurrentDocument(const LWDocument::Ptr &document);
+
+    // Moves the editor to the node.
+    void switchToDoc(const LWDocument::Ptr &document);
+
+signals:
+    // The background import of newWithPaths has handled its last path.
+    void importFinished();
+
+private:
+    void importInBackground(const QStringList &paths);
+    void adoptImported(const QString &path, const LWDocument::Ptr &node, bool isLast);
+    void storeOutgoingState();
+    void loadIntoEditor(const LWDocument::Ptr &document);
+
+    LWDocumentTree tree = LWDocumentTree::emptyTree();
+    LWDocument::Ptr current;
+};

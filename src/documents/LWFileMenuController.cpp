@@ -1,0 +1,117 @@
+#include "documents/LWFileMenuController.h"
+
+#include "app/LWShell.h"
+#include "documents/LWDocumentManager.h"
+#include "documents/LWImportTask.h"
+
+#include <QtDebug>
+
+LWFileMenuController::LWFileMenuController(LWDocumentManager &manager)
+    : manager(manager)
+{
+}
+
+void LWFileMenuController::newAction()
+{
+    addLooseFile(LWDocument::emptyFile());
+}
+
+void LWFileMenuController::newFromTemplateAction(const QVariantMap &templateRecord)
+{
+    addLooseFile(LWDocument::fileFromTemplate(templateRecord.value(QStringLiteral("filename")).toString(),
+                                              templateRecord.value(QStringLiteral("source")).toString(),
+                                              QLatin1String("")));
+}
+
+// Selecting the new node in the sidebar is what opens it in the editor.
+void LWFileMenuController::addLooseFile(const LWDocument::Ptr &document)
+{
+    manager.documentTree().addDocumentToFilesGroup(document);
+    const LWDocument::Ptr files = manager.documentTree().filesGroup();
+    QMetaObject::invokeMethod(&manager, [document, files] {
+        if (LWShell *shell = LWShell::instance()) {
+            shell->reloadOutline();
+            shell->selectInOutline(document);
+            shell->expandInOutline(files, false);
+        }
+    }, Qt::QueuedConnection);
+}
+
+void LWFileMenuController::openAction()
+{
+    LWShell *shell = LWShell::instance();
+    if (!shell)
+        return;
+    LWDocumentManager *owner = &manager;
+    shell->showOpenDialog(true, true, {}, [owner](const QString &path) {
+        if (LWShell *shell = LWShell::instance())
+            shell->noteRecentDocument(path);
+        LWImportTask::start({path}, owner, nullptr,
+                            [owner](qsizetype, const QString &path, const LWDocument::Ptr &node) {
+                                const LWDocument::Ptr adopted = owner->documentTree().adoptImported(path, node);
+                                LWShell *shell = LWShell::instance();
+                                if (!shell)
+                                    return;
+                                shell->reloadOutline();
+                                if (adopted && adopted->isFile())
+                                    shell->selectInOutline(adopted);
+                                else if (adopted && adopted->isGroup())
+                                    shell->expandInOutline(adopted, false);
+                            });
+    });
+}
+
+void LWFileMenuController::openInNewTab()
+{
+    if (LWShell *shell = LWShell::instance())
+        shell->openOutlineSelectionInNewTab();
+}
+
+void LWFileMenuController::saveAction()
+{
+    const LWDocument::Ptr document = manager.currentDocument();
+    if (!document) {
+        qInfo("Nothing to save: no document is open");
+        return;
+    }
+    if (document->isUntitled()) {
+        saveAsAction();
+        return;
+    }
+    document->save();
+    if (LWShell *shell = LWShell::instance())
+        shell->reloadOutline();
+}
+
+void LWFileMenuController::saveAsAction()
+{
+    LWShell *shell = LWShell::instance();
+    const LWDocument::Ptr document = manager.currentDocument();
+    if (!shell || !document)
+        return;
+    shell->showSaveDialog([document](const QString &path) {
+        LWShell *shell = LWShell::instance();
+        shell->noteRecentDocument(path);
+        document->updatePath(path);
+        document->save();
+        shell->reloadOutline();
+        shell->selectInOutline(document);
+    });
+}
+
+void LWFileMenuController::printAction()
+{
+    const LWDocument::Ptr document = manager.currentDocument();
+    LWShell *shell = LWShell::instance();
+    if (shell && document)
+        shell->printText(document->content().value_or(QString()));
+}
+
+bool LWFileMenuController::validateMenuItem(const QString &action) const
+{
+    if (action != QLatin1String("openInNewTab:"))
+        return true;
+    LWShell *shell = LWShell::instance();
+    const LWDocument::Ptr selected = shell ? shell->selectedInOutline() : nullptr;
+    return selected && selected->isFile();
+}

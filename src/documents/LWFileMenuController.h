@@ -1,0 +1,38 @@
+#pragma once
+
+#include "documents/LWDocument.h"
+
+#include <QString>
+#include <QVariantMap>
+
+class LWDocumentManager;
+
+// The File menu: new, new from template, open, open in new tab, save, save
+// as and print, acting on the application's document manager. The recent,
+// close and close-all items exist only so that their menu items have
+// targets; closing is done through the tab bar.
+class LWFileMenuController
+{
+public:
+    explicit LWFileMenuController(LWDocumentManager &manager);
+
+    void newAction();
+    // The template record holds "filename" and "source".
+    void newFromTemplateAction(const QVariantMap &templateRecord);
+    void openAction();
+    void openInNewTab();
+    void openRecentAction() {}
+    void closeAction() {}
+    void closeAllAction() {}
+    void saveAction();
+    void saveAsAction();
+    void printAction();
+
+    // Whether the item whose action has this name is enabled.
+    bool validateMenuItem(const QString &action) const;
+
+private:
+    void addLooseFile(const LWDocument::Ptr &document);
+
+    LWDocumentManager &manager;
+};

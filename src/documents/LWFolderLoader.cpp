@@ -1,0 +1,135 @@
+#include "documents/LWFolderLoader.h"
+
+#include "app/LWDefaults.h"
+#include "documents/DirectoryReader.h"
+#include "documents/LWDocumentIcons.h"
+#include "documents/LWPathText.h"
+#include "extensions/LWSpec.h"
+
+#include <QFile>
+#include <QtDebug>
+
+#include <algorithm>
+#include <sys/stat.h>
+
+LWImportSettings LWImportSettings::fromDefaults()
+{
+    const LWDefaults *defaults = LWDefaults::shared();
+    LWImportSettings settings;
+    if (defaults->boolForKey(QStringLiteral("LW_WSDoFilter")))
+        settings.filter = defaults->stringForKey(QStringLiteral("LW_WSDoFilterRegex"));
+    settings.foldersOnTop = defaults->boolForKey(QStringLiteral("LW_WSFoldersOnTop"));
+    settings.defaultSpec = defaults->stringForKey(QStringLiteral("LW_DefaultSpecForNew"));
+    settings.userExtensions = defaults->dictionaryForKey(QStringLiteral("LW_User_Extensions"));
+    return settings;
+}
+
+LWFolderLoader::LWFolderLoader(const QString &root, const LWImportSettings &settings)
+    : root(root)
+    , settings(settings)
+    , chooser(settings.userExtensions)
+{
+    if (settings.filter.isEmpty())
+        return;
+    filter = QRegularExpression(settings.filter, QRegularExpression::CaseInsensitiveOption);
+    if (!filter.isValid()) {
+        qWarning().noquote() << QStringLiteral("Workspace filter \"%1\" is not a valid expression (%2); "
+                                               "listing every entry")
+                                    .arg(settings.filter, filter.errorString());
+        filter = QRegularExpression();
+    }
+}
+
+LWDocument::Ptr LWFolderLoader::fileNode(const QString &path) const
+{
+    const QString relative = root.isEmpty() ? QString(QLatin1String("")) : LWPathText::relativeDirectory(path, root);
+    return fileNode(path, LWPathText::lastComponent(path), relative);
+}
+
+LWDocument::Ptr LWFolderLoader::folderNode(const QString &path)
+{
+    const QString relative = root.isEmpty() ? QString(QLatin1String("")) : LWPathText::relativeDirectory(path, root);
+    return folderNode(path, LWPathText::lastComponent(path), relative);
+}
+
+LWDocument::Ptr LWFolderLoader::groupNode(const QString &path)
+{
+    LWDocument::Ptr group = newNode(LWDocument::Group, LWPathText::lastComponent(path).toUpper(), path,
+                                    QLatin1String(""));
+    loadChildren(*group, path);
+    return group;
+}
+
+LWDocument::Ptr LWFolderLoader::newNode(LWDocument::Kind kind, const QString &label, const QString &fullPath,
+                                        const QString &relativeDirectory) const
+{
+    LWDocument::Ptr node = LWDocument::createBare();
+    node->setSpecName(settings.defaultSpec);
+    node->setType(kind);
+    node->setLabel(label);
+    node->setPath(relativeDirectory);
+    node->setFullPath(fullPath);
+    return node;
+}
+
+LWDocument::Ptr LWFolderLoader::fileNode(const QString &fullPath, const QString &name,
+                                         const QString &relativeDirectory) const
+{
+    LWDocument::Ptr file = newNode(LWDocument::File, name, fullPath, relativeDirectory);
+    file->updateIcon(LWDocumentIcons::regularFile());
+    if (const LWSpec *spec = chooser.specForPath(name))
+        file->setSpecName(spec->name());
+    return file;
+}
+
+LWDocument::Ptr LWFolderLoader::folderNode(const QString &fullPath, const QString &name,
+                                           const QString &relativeDirectory)
+{
+    LWDocument::Ptr folder = newNode(LWDocument::Folder, name, fullPath, relativeDirectory);
+    folder->updateIcon(LWDocumentIcons::folder());
+    loadChildren(*folder, fullPath);
+    return folder;
+}
+
+bool LWFolderLoader::isFiltered(const QString &name) const
+{
+    return !filter.pattern().isEmpty() && filter.match(name).hasMatch();
+}
+
+void LWFolderLoader::loadChildren(LWDocument &folder, const QString &folderPath)
+{
+    struct stat info;
+    if (::stat(QFile::encodeName(folderPath).constData(), &info) != 0)
+        return;
+    const FolderIdentity identity{info.st_dev, info.st_ino};
+    if (std::find(openFolders.cbegin(), openFolders.cend(), identity) != openFolders.cend()) {
+        qInfo().noquote() << QStringLiteral("Not descending into %1: it leads back to a folder above it")
+                                 .arg(folderPath);
+        return;
+    }
+    openFolders.push_back(identity);
+
+    std::vector<std::pair<QString, bool>> folders;
+    std::vector<std::pair<QString, bool>> others;
+    const QVector<DirectoryEntry> entries = DirectoryReader::read(folderPath);
+    for (const DirectoryEntry &entry : entries) {
+        if (isFiltered(entry.name))
+            continue;
+        const bool isFolder = entry.isFolderIn(folderPath);
+        (isFolder && settings.foldersOnTop ? folders : others).emplace_back(entry.name, isFolder);
+    }
+    folders.insert(folders.end(), others.begin(), others.end());
+
+    // Every child shares one relative-directory text.
+    const QString childDirectory = LWPathText::relativeDirectory(
+        DirectoryReader::join(folderPath, QStringLiteral("x")), root);
+    LWDocument::List children;
+    children.reserve(folders.size());
+    for (const auto &[name, isFolder] : folders) {
+        const QString childPath = DirectoryReader::join(folderPath, name);
+        children.push_back(isFolder ? folderNode(childPath, name, childDirectory)
+                                    : fileNode(childPath, name, childDirectory));
+    }
+    folder.adoptLoadedChildren(std::move(children));
+    openFolders.pop_back();
+}

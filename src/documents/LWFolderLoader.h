@@ -1,0 +1,56 @@
+#pragma once
+
+#include "documents/LWDocument.h"
+#include "documents/LWSpecChooser.h"
+
+#include <QRegularExpression>
+#include <QString>
+#include <QVariantMap>
+
+#include <sys/types.h>
+#include <utility>
+#include <vector>
+
+// The settings that building nodes from disk reads. They are taken once, on
+// the thread that starts an import, and handed to the loader, so that a
+// background import never reads the settings store itself.
+struct LWImportSettings
+{
+    QString filter; // names matching it are left out; "" for none
+    bool foldersOnTop = true;
+    QString defaultSpec;
+    QVariantMap userExtensions;
+
+    static LWImportSettings fromDefaults();
+};
+
+// Builds file, folder and group nodes from disk, loading folders' children
+// recursively below one imported root. Folders that cannot be read come out
+// empty, and a folder already open higher up the same branch (reached again
+// through a symbolic link) is shown but not descended into. Touches only the
+// nodes it makes, so it may run on a background thread.
+class LWFolderLoader
+{
+public:
+    explicit LWFolderLoader(const QString &root, const LWImportSettings &settings = LWImportSettings::fromDefaults());
+
+    LWDocument::Ptr fileNode(const QString &path) const;
+    LWDocument::Ptr folderNode(const QString &path);
+    LWDocument::Ptr groupNode(const QString &path);
+
+private:
+    using FolderIdentity = std::pair<dev_t, ino_t>;
+
+    LWDocument::Ptr newNode(LWDocument::Kind kind, const QString &label, const QString &fullPath,
+                            const QString &relativeDirectory) const;
+    LWDocument::Ptr fileNode(const QString &fullPath, const QString &name, const QString &relativeDirectory) const;
+    LWDocument::Ptr folderNode(const QString &fullPath, const QString &name, const QString &relativeDirectory);
+    void loadChildren(LWDocument &folder, const QString &folderPath);
+    bool isFiltered(const QString &name) const;
+
+    QString root;
+    LWImportSettings settings;
+    QRegularExpression filter;
+    LWSpecChooser chooser;
+    std::vector<FolderIdentity> openFolders;
+};
