@@ -69,17 +69,19 @@ QString LWTerminal::exec(const QStringList &args, const QVariantMap &environment
                      [run, deliver] { deliver(run->output); });
     QObject::connect(process, &QProcess::readyReadStandardError, process,
                      [run, deliver] { deliver(run->error); });
-    QObject::connect(process, &QProcess::finished, process, [process, run, completed] {
+    // Ends the run once: after the child exits, or at once when it cannot start.
+    auto finish = [process, run, completed] {
         if (completed)
             completed(run->collected);
         QObject::disconnect(process, nullptr, nullptr, nullptr);
         process->deleteLater();
-    });
-    QObject::connect(process, &QProcess::errorOccurred, process, [process](QProcess::ProcessError error) {
+    };
+    QObject::connect(process, &QProcess::finished, process, finish);
+    QObject::connect(process, &QProcess::errorOccurred, process, [process, finish](QProcess::ProcessError error) {
         if (error != QProcess::FailedToStart)
             return;
         qWarning().noquote() << QStringLiteral("Cannot start %1: %2").arg(envProgram, process->errorString());
-        process->deleteLater();
+        finish();
     });
     process->start(envProgram, args);
     return QString();

@@ -33,26 +33,22 @@ void evaluateLater(const QString &script)
         Qt::QueuedConnection);
 }
 
-QVariantList commandWords(const QString &commandJSON)
+// A JSON argument of the page when it holds the expected kind of value;
+// otherwise logged, and an invalid value.
+QVariant pageArgument(const QString &json, int expectedType, const QString &role)
 {
-    const QVariant parsed = JSONComments::JSONObjectWithCommentedString(commandJSON);
-    if (parsed.typeId() != QMetaType::QVariantList) {
-        qWarning().noquote() << QStringLiteral("terminalExec: command is not a JSON array: %1").arg(commandJSON);
-        return {};
-    }
-    return parsed.toList();
+    const QVariant parsed = JSONComments::JSONObjectWithCommentedString(json);
+    if (parsed.typeId() == expectedType)
+        return parsed;
+    qWarning().noquote() << QStringLiteral("terminalExec: %1 is not valid JSON of the expected kind: %2").arg(role, json);
+    return QVariant();
 }
 
 QVariantMap environmentEntries(const QString &environmentJSON)
 {
     if (environmentJSON.isEmpty())
         return {};
-    const QVariant parsed = JSONComments::JSONObjectWithCommentedString(environmentJSON);
-    if (parsed.typeId() != QMetaType::QVariantMap) {
-        qWarning().noquote() << QStringLiteral("terminalExec: environment is not a JSON object: %1").arg(environmentJSON);
-        return {};
-    }
-    return parsed.toMap();
+    return pageArgument(environmentJSON, QMetaType::QVariantMap, QStringLiteral("environment object")).toMap();
 }
 
 QStringList plainWords(const QVariantList &words)
@@ -67,7 +63,8 @@ QStringList plainWords(const QVariantList &words)
 QString LWTerminalSession::terminalExec(const QString &commandJSON, const QString &environmentJSON,
                                         const QString &actionFormat, const QString &completedFormat)
 {
-    const QVariantList words = commandWords(commandJSON);
+    const QVariantList words =
+        pageArgument(commandJSON, QMetaType::QVariantList, QStringLiteral("command array")).toList();
     const QVariantMap environment = environmentEntries(environmentJSON);
     if (current)
         terminalKill();

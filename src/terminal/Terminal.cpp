@@ -71,6 +71,8 @@ void Terminal::start(const QString &program, const QStringList &args, Handler ha
 
 void Terminal::readChannel(Utf8ChannelReader &reader)
 {
+    if (!currentTask)
+        return;
     qsizetype bytes = 0;
     const QString text = reader.readAvailable(*currentTask, &bytes);
     if (bytes == 0)

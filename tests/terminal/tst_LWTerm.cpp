@@ -145,7 +145,7 @@ private slots:
     {
         RecordingShell shell;
         LWTerminalSession session;
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("command is not a JSON array")));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("command array is not valid JSON")));
         session.terminalExec(QStringLiteral("[oops"), QString(), QString(), QStringLiteral("%@"));
         QTRY_COMPARE_WITH_TIMEOUT(shell.editorScripts.size(), 2, 10000);
         QVERIFY2(shell.editorScripts.last().contains(QStringLiteral("syntax error")), qPrintable(shell.editorScripts.last()));
