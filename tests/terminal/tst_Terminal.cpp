@@ -59,6 +59,20 @@ private slots:
         QCOMPARE(text, QStringLiteral("\u00e9t\u20ac\n"));
     }
 
+    void floodsArriveInSmallChunks()
+    {
+        Terminal terminal;
+        qint64 total = 0;
+        qsizetype largest = 0;
+        terminal.asyncExec(QStringLiteral("head -c 33554432 /dev/zero | tr '\\0' a"), {}, [&](const QString &chunk) {
+            total += chunk.size();
+            largest = qMax(largest, chunk.size());
+        });
+        QTRY_VERIFY_WITH_TIMEOUT(!terminal.task(), 60000);
+        QCOMPARE(total, qint64(33554432));
+        QVERIFY2(largest <= (1 << 20), qPrintable(QString::number(largest)));
+    }
+
     void startFailuresAreReported()
     {
         Terminal terminal;
