@@ -30,41 +30,55 @@ void appendUTF8(QByteArray &out, char32_t codePoint)
     out.append(bytes, count);
 }
 
-} // namespace
+// Reads the code point starting at units[i] and moves i past it; false when
+// the text is malformed there.
+using CodePointReader = bool (*)(QByteArrayView units, qsizetype &i, QSysInfo::Endian order, char32_t &codePoint);
 
-std::optional<QByteArray> UTFTranscoder::utf8FromUTF16(QByteArrayView units, QSysInfo::Endian order)
+bool readUTF16(QByteArrayView units, qsizetype &i, QSysInfo::Endian order, char32_t &codePoint)
 {
-    if (units.size() % 2 != 0)
+    codePoint = readUnit<quint16>(units.data() + i, order);
+    i += 2;
+    if (!isHighSurrogate(codePoint))
+        return !isLowSurrogate(codePoint);
+    if (i >= units.size())
+        return false;
+    const char32_t low = readUnit<quint16>(units.data() + i, order);
+    i += 2;
+    codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (low - 0xDC00);
+    return isLowSurrogate(low);
+}
+
+bool readUTF32(QByteArrayView units, qsizetype &i, QSysInfo::Endian order, char32_t &codePoint)
+{
+    codePoint = readUnit<quint32>(units.data() + i, order);
+    i += 4;
+    return codePoint <= 0x10FFFF && !isHighSurrogate(codePoint) && !isLowSurrogate(codePoint);
+}
+
+std::optional<QByteArray> transcode(QByteArrayView units, qsizetype unitSize, QSysInfo::Endian order,
+                                    CodePointReader read)
+{
+    if (units.size() % unitSize != 0)
         return std::nullopt;
     QByteArray out;
     out.reserve(units.size());
-    for (qsizetype i = 0; i < units.size(); i += 2) {
-        char32_t codePoint = readUnit<quint16>(units.data() + i, order);
-        if (isLowSurrogate(codePoint))
+    char32_t codePoint = 0;
+    for (qsizetype i = 0; i < units.size();) {
+        if (!read(units, i, order, codePoint))
             return std::nullopt;
-        if (isHighSurrogate(codePoint)) {
-            i += 2;
-            const char32_t low = i < units.size() ? readUnit<quint16>(units.data() + i, order) : 0;
-            if (!isLowSurrogate(low))
-                return std::nullopt;
-            codePoint = 0x10000 + ((codePoint - 0xD800) << 10) + (low - 0xDC00);
-        }
         appendUTF8(out, codePoint);
     }
     return out;
 }
 
+} // namespace
+
+std::optional<QByteArray> UTFTranscoder::utf8FromUTF16(QByteArrayView units, QSysInfo::Endian order)
+{
+    return transcode(units, 2, order, readUTF16);
+}
+
 std::optional<QByteArray> UTFTranscoder::utf8FromUTF32(QByteArrayView units, QSysInfo::Endian order)
 {
-    if (units.size() % 4 != 0)
-        return std::nullopt;
-    QByteArray out;
-    out.reserve(units.size());
-    for (qsizetype i = 0; i < units.size(); i += 4) {
-        const char32_t codePoint = readUnit<quint32>(units.data() + i, order);
-        if (codePoint > 0x10FFFF || isHighSurrogate(codePoint) || isLowSurrogate(codePoint))
-            return std::nullopt;
-        appendUTF8(out, codePoint);
-    }
-    return out;
+    return transcode(units, 4, order, readUTF32);
 }
