@@ -1,0 +1,38 @@
+#include "editor/EditorCommand.h"
+
+#include "app/LWDefaults.h"
+#include "app/LWShell.h"
+
+#include <QAction>
+
+namespace EditorCommand {
+
+QString send(const QString &script)
+{
+    LWShell *shell = LWShell::instance();
+    return shell ? shell->evaluateInEditor(script) : QString();
+}
+
+QString booleanCall(const QString &function, bool value)
+{
+    return QStringLiteral("%1(%2);").arg(function, value ? QStringLiteral("true") : QStringLiteral("false"));
+}
+
+void flipAndSend(const QString &key, const QString &function)
+{
+    LWDefaults &defaults = *LWDefaults::shared();
+    defaults.setBool(key, !defaults.boolForKey(key));
+    send(booleanCall(function, defaults.boolForKey(key)));
+}
+
+int titleNumber(const QAction *item)
+{
+    return item ? item->text().toInt() : 0;
+}
+
+QString actionName(const QAction *item)
+{
+    return item ? item->objectName() : QString();
+}
+
+}

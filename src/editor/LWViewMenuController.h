@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QAction;
+
+// The View menu's editor settings: panel, gutter, margins, guides, invisible
+// characters, soft tabs and wrapping, tab size, wrap limit, font and theme.
+// Each action stores the default first and then sends the script built from
+// the stored value. Items carry their action's name as object name; the
+// validator enables every item and sets its check mark from the defaults.
+class LWViewMenuController : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    Q_INVOKABLE bool validateMenuItem(QAction *item) const;
+
+public slots:
+    void togglePanelAction(QAction *sender = nullptr);
+    void toggleGutterAction(QAction *sender = nullptr);
+    void togglePrintMarginAction(QAction *sender = nullptr);
+    void toggleIndentationGuidesAction(QAction *sender = nullptr);
+    void toggleInvisiblesAction(QAction *sender = nullptr);
+    void useSoftTabsToggle(QAction *sender = nullptr);
+    void useWordWrapToggle(QAction *sender = nullptr);
+
+    // The tab size and wrap limit items take their number from their titles.
+    void tabSize2Switch(QAction *sender);
+    void tabSize4Switch(QAction *sender);
+    void tabSize8Switch(QAction *sender);
+    void tabSize12Switch(QAction *sender);
+    void tabSizeSwitch(int size);
+    void wrapLimits40Switch(QAction *sender);
+    void wrapLimits80Switch(QAction *sender);
+    void wrapLimits120Switch(QAction *sender);
+    void wrapLimitsAutomaticSwitch(QAction *sender = nullptr);
+    void wrapLimitsSwitch(int limit);
+
+    void fontZoomInAction(QAction *sender = nullptr);
+    void fontZoomOutAction(QAction *sender = nullptr);
+    // From the preferences: sent after the current event has finished.
+    void setFontSize(int size);
+    void setFontName(const QString &family);
+
+    // The item's data holds the LWTheme to apply.
+    void setThemeAction(QAction *sender);
+
+    // Shows or hides the utility pane; hiding it halts the running plugin.
+    void toggleUtilityViewAction(QAction *sender = nullptr);
+
+private:
+    void zoomBy(int steps);
+};
