@@ -7,6 +7,7 @@
 #include "extensions/LWPlugin.h"
 #include "extensions/LWSpec.h"
 #include "extensions/LWTheme.h"
+#include "terminal/LWTerminal.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -69,7 +70,7 @@ bool LWEnvironment::isSandboxed()
 
 void LWEnvironment::load()
 {
-    setEnvPath(qEnvironmentVariable("PATH"));
+    setEnvPath(LWTerminal::getPath());
     setPwd(QString());
     updated = LWDataRoot::prepare();
     loadBundles();

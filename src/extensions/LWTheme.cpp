@@ -3,9 +3,9 @@
 #include "app/LWPaths.h"
 #include "extensions/LWTextFiles.h"
 #include "extensions/LWThemeModule.h"
+#include "terminal/LWTerm.h"
 
 #include <QFileInfo>
-#include <QProcess>
 
 LWTheme *LWTheme::themeFromPath(const QString &path)
 {
@@ -44,14 +44,10 @@ void LWTheme::compileLess(const QString &lessPath)
     const QVariant dark = info().value(QStringLiteral("dark"));
     const QString target = modulePath();
     // The completion may outlive this theme object, so it carries copies.
-    auto *compiler = new QProcess;
-    QObject::connect(compiler, &QProcess::finished, [compiler, identifier, dark, target, lessPath] {
-        compiler->deleteLater();
-        const QString output = QString::fromUtf8(compiler->readAllStandardOutput());
+    LWTerm::create()->exec({lessc, lessPath}, {}, nullptr, [identifier, dark, target, lessPath](const QString &output) {
         if (output.trimmed().isEmpty())
             qWarning("LWTheme : install :: lessc produced nothing for %s", qUtf8Printable(lessPath));
         const QString css = LWThemeModule::rewriteCompiledLess(output, identifier);
         LWTextFiles::writeAtomically(target, LWThemeModule::moduleText(identifier, dark, css));
     });
-    compiler->start(lessc, {lessPath});
 }
