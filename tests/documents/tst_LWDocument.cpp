@@ -1,0 +1,306 @@
+#include "app/LWDefaults.h"
+#include "documents/LWDocument.h"
+#include "documents/LWDocumentManager.h"
+#include "support/DocumentFixtures.h"
+#include "support/RecordingShell.h"
+
+#include <QtTest>
+
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+LWDocument::Ptr fileAt(const QString &path)
+{
+    return LWDocument::fileFromPath(path);
+}
+
+QStringList labels(const LWDocument::List &nodes)
+{
+    QStringList result;
+    for (const LWDocument::Ptr &node : nodes)
+        result.append(node->label());
+    return result;
+}
+
+}
+
+class tst_LWDocument : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { fixtures = std::make_unique<DocumentFixtures>(); }
+    void cleanup()
+    {
+        fixtures.reset();
+        LWDefaults::shared()->removeObjectForKey(QStringLiteral("LW_DefaultEncoding"));
+        LWDefaults::shared()->removeObjectForKey(QStringLiteral("LW_User_Extensions"));
+    }
+
+    void contentIsDecodedOnceOrShownAsHexadecimal();
+    void hexadecimalLinesHoldEightGroups();
+    void specificationIsChosenFromTheName();
+    void factoriesPlaceNodesInTheirFolder();
+    void reorderCountsTheDropPositionBeforeRemoval();
+    void movingToAnotherParentMovesOnDisk();
+    void filterKeepsFoldersOnTheWayAndFollowsChanges();
+    void savedStateAndRemoteMappingLookAtChildren();
+    void renamingUntitledChangesOnlyTheNode();
+    void renamingOnDiskKeepsThePath();
+    void jsonFormsAndCopy();
+    void savingWritesTheEditorTextAndKeepsPermissions();
+    void interruptedSaveLeavesOldOrNewContent();
+
+private:
+    std::unique_ptr<DocumentFixtures> fixtures;
+};
+
+void tst_LWDocument::contentIsDecodedOnceOrShownAsHexadecimal()
+{
+    LWDocument::Ptr empty = fileAt(fixtures->write("empty.txt", ""));
+    QCOMPARE(empty->getContent(), QString(""));
+    QVERIFY(!empty->readOnly());
+
+    const QString textPath = fixtures->write("text.py", "print('h\xc3\xa9')\n");
+    LWDocument::Ptr text = fileAt(textPath);
+    QVERIFY(!text->content());
+    QCOMPARE(text->getContent(), QStringLiteral("print('hé')\n"));
+    fixtures->write("text.py", "changed");
+    QCOMPARE(text->getContent(), QStringLiteral("print('hé')\n"));
+
+    LWDefaults::shared()->setInteger(QStringLiteral("LW_DefaultEncoding"), 5);
+    QCOMPARE(fileAt(fixtures->write("latin.txt", "caf\xe9"))->getContent(), QStringLiteral("café"));
+    LWDefaults::shared()->setInteger(QStringLiteral("LW_DefaultEncoding"), 4);
+
+    QByteArray binary;
+    for (int value = 0x80; value < 0x80 + 40; ++value)
+        binary.append(char(value));
+    LWDocument::Ptr hex = fileAt(fixtures->write("blob.bin", binary));
+    const QStringList lines = hex->getContent().split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(lines[0], QStringLiteral("80818283 84858687 88898a8b 8c8d8e8f 90919293 94959697 98999a9b 9c9d9e9f "));
+    QCOMPARE(lines[1], QStringLiteral("a0a1a2a3 a4a5a6a7"));
+    QVERIFY(hex->readOnly());
+}
+
+void tst_LWDocument::hexadecimalLinesHoldEightGroups()
+{
+    const QByteArray line(32, '\xff');
+    QCOMPARE(fileAt(fixtures->write("a.bin", line))->getContent().size(), 71);
+    const QString twoLines = fileAt(fixtures->write("b.bin", line + "\xfe\xfd\xfc\xfb\xfa"))->getContent();
+    QCOMPARE(twoLines.section(QLatin1Char('\n'), 1), QStringLiteral("fefdfcfb fa"));
+    QCOMPARE(twoLines.indexOf(QLatin1Char('\n')), 72);
+}
+
+void tst_LWDocument::specificationIsChosenFromTheName()
+{
+    const auto specOf = [](const QString &name) { return fileAt(QStringLiteral("/nowhere/") + name)->specName(); };
+    QCOMPARE(specOf(QStringLiteral("notes.coffee.md")), QStringLiteral("Literate"));
+    QCOMPARE(specOf(QStringLiteral("notes.md")), QStringLiteral("Markdown"));
+    QCOMPARE(specOf(QStringLiteral("SConstruct")), QStringLiteral("Python"));
+    QCOMPARE(specOf(QStringLiteral("SCRIPT.PY")), QStringLiteral("Plain Text"));
+
+    LWDefaults::shared()->setObject(QStringLiteral("LW_User_Extensions"),
+                                    QVariantMap{{QStringLiteral("py"), QStringLiteral("Missing")},
+                                                {QStringLiteral("md"), QStringLiteral("HTML")}});
+    QCOMPARE(specOf(QStringLiteral("a.py")), QStringLiteral("Python"));
+    QCOMPARE(specOf(QStringLiteral("a.md")), QStringLiteral("HTML"));
+}
+
+void tst_LWDocument::factoriesPlaceNodesInTheirFolder()
+{
+    LWDocument::Ptr group = LWDocument::groupFromPath(fixtures->makeFolder("proj"));
+    fixtures->write("proj/Untitled - 1");
+    fixtures->write("proj/Untitled - 3");
+    LWDocument::Ptr fresh = LWDocument::emptyFileInExistingDocument(group);
+    QCOMPARE(fresh->label(), QStringLiteral("Untitled - 2"));
+    QCOMPARE(fresh->fullPath(), fixtures->path("proj/Untitled - 2"));
+    QCOMPARE(fresh->path(), QStringLiteral("PROJ"));
+    QVERIFY(!fresh->saved());
+    QVERIFY(!QFile::exists(fresh->fullPath()));
+    QCOMPARE(fresh->specName(), QStringLiteral("Plain Text"));
+
+    LWDocument::Ptr fromTemplate = LWDocument::fileFromTemplate(QStringLiteral("x.py"), QStringLiteral("pass"), QString());
+    QCOMPARE(fromTemplate->specName(), QStringLiteral("Python"));
+    QVERIFY(fromTemplate->isUntitled());
+    QCOMPARE(LWDocument::create()->type(), quint64(LWDocument::Unset));
+}
+
+void tst_LWDocument::reorderCountsTheDropPositionBeforeRemoval()
+{
+    LWDocument::Ptr folder = LWDocument::filesGroup();
+    for (const char *name : {"a", "b", "c", "d", "e"})
+        folder->addChildDocument(LWDocument::emptyFileWithLabel(QString::fromLatin1(name)));
+    folder->moveChildDocument(folder->childAtIndex(1), 4);
+    QCOMPARE(labels(folder->children()), QStringList({"a", "c", "d", "b", "e"}));
+    folder->moveChildDocument(folder->childAtIndex(4), 1);
+    QCOMPARE(labels(folder->children()), QStringList({"a", "e", "c", "d", "b"}));
+    QCOMPARE(folder->childAtIndex(1)->parent(), folder);
+}
+
+void tst_LWDocument::movingToAnotherParentMovesOnDisk()
+{
+    fixtures->write("proj/src/main.py", "main");
+    fixtures->makeFolder("proj/docs");
+    LWDocument::Ptr group = LWDocument::groupFromPath(fixtures->path("proj"));
+    LWDocument::Ptr main = group->childWithLabel(QStringLiteral("main.py"));
+    LWDocument::Ptr docs = group->childWithLabel(QStringLiteral("docs"));
+    QCOMPARE(main->path(), QStringLiteral("src"));
+
+    main->moveToParent(docs, 0);
+    QCOMPARE(docs->childAtIndex(0), main);
+    QCOMPARE(main->fullPath(), fixtures->path("proj/docs/main.py"));
+    QCOMPARE(main->path(), QStringLiteral("docs"));
+    QCOMPARE(DocumentFixtures::read(main->fullPath()), QByteArray("main"));
+    QVERIFY(!QFile::exists(fixtures->path("proj/src/main.py")));
+    QCOMPARE(group->childWithLabel(QStringLiteral("src"))->noOfChildren(), 0u);
+
+    docs->moveToParent(docs->childAtIndex(0), LWDocument::NotFound);
+    QCOMPARE(docs->parent(), group);
+}
+
+void tst_LWDocument::filterKeepsFoldersOnTheWayAndFollowsChanges()
+{
+    fixtures->write("proj/lib/deep/needle.txt");
+    fixtures->write("proj/lib/hay.txt");
+    fixtures->write("proj/other.txt");
+    LWDocument::Ptr group = LWDocument::groupFromPath(fixtures->path("proj"));
+    QCOMPARE(labels(group->filteredChildren(QStringLiteral("needle"))), QStringList({"lib"}));
+    LWDocument::Ptr lib = group->childAtIndex(0, QStringLiteral("needle"));
+    QCOMPARE(lib->noOfChildrenFiltered(QStringLiteral("needle")), 1u);
+    QCOMPARE(group->noOfChildrenFiltered(QStringLiteral("Needle")), 0u);
+
+    group->childWithLabel(QStringLiteral("needle.txt"))->setLabel(QStringLiteral("pin.txt"));
+    QCOMPARE(group->noOfChildrenFiltered(QStringLiteral("needle")), 0u);
+    group->childWithLabel(QStringLiteral("other.txt"))->addChildDocument(LWDocument::emptyFileWithLabel("needle 2"));
+    QCOMPARE(labels(group->filteredChildren(QStringLiteral("needle"))), QStringList({"other.txt"}));
+    QCOMPARE(group->noOfChildrenFiltered(QString()), 2u);
+}
+
+void tst_LWDocument::savedStateAndRemoteMappingLookAtChildren()
+{
+    fixtures->write("proj/sub/deeper/a.txt");
+    fixtures->write("proj/.ftp-settings.json", "{}");
+    LWDocument::Ptr group = LWDocument::groupFromPath(fixtures->path("proj"));
+    LWDocument::Ptr sub = group->childWithLabel(QStringLiteral("sub"));
+    QVERIFY(sub->unsavedChanges());
+    group->childWithLabel(QStringLiteral("a.txt"))->setSaved(false);
+    QVERIFY(!sub->unsavedChanges());
+    QVERIFY(!group->unsavedChanges());
+
+    QVERIFY(group->isFTPMapped());
+    QVERIFY(!sub->isFTPMapped());
+    QVERIFY(!group->childWithLabel(QStringLiteral(".ftp-settings.json"))->isFTPMapped());
+}
+
+void tst_LWDocument::renamingUntitledChangesOnlyTheNode()
+{
+    RecordingShell shell;
+    LWDocumentManager manager;
+    LWDocumentManager::setShared(&manager);
+    LWDocument::Ptr untitled = LWDocument::emptyFile();
+    manager.switchToDoc(untitled);
+    shell.calls.clear();
+
+    untitled->renameWithLabel(QStringLiteral("index.html"));
+    QCOMPARE(untitled->label(), QStringLiteral("index.html"));
+    QCOMPARE(untitled->specName(), QStringLiteral("HTML"));
+    QVERIFY(untitled->isUntitled());
+    QCOMPARE(shell.specPopupTitle, QStringLiteral("HTML"));
+    QCOMPARE(shell.calls.first(), QStringLiteral("tab title index.html"));
+    QVERIFY(shell.calls.contains(QStringLiteral("script lw.setState({\"content\":\"\",\"mode\":\"html\",\"readOnly\":false});")));
+    QVERIFY(QDir(fixtures->root()).entryList(QDir::Files).isEmpty());
+    LWDocumentManager::setShared(nullptr);
+}
+
+void tst_LWDocument::renamingOnDiskKeepsThePath()
+{
+    fixtures->write("proj/src/old.txt", "kept");
+    LWDocument::Ptr group = LWDocument::groupFromPath(fixtures->path("proj"));
+    LWDocument::Ptr file = group->childWithLabel(QStringLiteral("old.txt"));
+    file->renameWithLabel(QStringLiteral("new.py"));
+    QCOMPARE(file->fullPath(), fixtures->path("proj/src/new.py"));
+    QCOMPARE(file->path(), QStringLiteral("src"));
+    QCOMPARE(file->specName(), QStringLiteral("Python"));
+    QCOMPARE(DocumentFixtures::read(file->fullPath()), QByteArray("kept"));
+    QVERIFY(!QFile::exists(fixtures->path("proj/src/old.txt")));
+}
+
+void tst_LWDocument::jsonFormsAndCopy()
+{
+    LWDocument::Ptr file = LWDocument::fileWithLabel(QStringLiteral("a.py"), QStringLiteral("x = \"1\"\n"));
+    file->updateSpecFromPath(QStringLiteral("a.py"));
+    QCOMPARE(file->toJson(), QStringLiteral("{\"content\":\"x = \\\"1\\\"\\n\",\"mode\":\"python\",\"readOnly\":false}"));
+
+    file->updateFromJson(QStringLiteral("/* state */ {\"content\": \"edited\", \"cursor\": 3}"));
+    QCOMPARE(file->content(), std::optional<QString>(QStringLiteral("edited")));
+    file->updateFromJson(QStringLiteral("[1, 2]"));
+    QVERIFY(!file->content());
+
+    LWDocument::Ptr folder = LWDocument::filesGroup();
+    folder->addChildDocument(file);
+    folder->setSpecName(QStringLiteral("Python"));
+    const LWDocument::Ptr copy = folder->copy();
+    QCOMPARE(copy->children(), folder->children());
+    QCOMPARE(copy->specName(), QStringLiteral("Plain Text"));
+    QVERIFY(copy->identity() != folder->identity());
+    QVERIFY(copy->identity().startsWith(QStringLiteral("0x")));
+    const LWDocument::Ptr fileCopy = file->copy();
+    QVERIFY(!fileCopy->icon().isNull());
+    QVERIFY(fileCopy->dimmedIcon().isNull());
+    QCOMPARE(file->icon().size(), QSize(15, 15));
+}
+
+void tst_LWDocument::savingWritesTheEditorTextAndKeepsPermissions()
+{
+    RecordingShell shell;
+    const QString path = fixtures->write("script.sh", "old");
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    LWDocument::Ptr file = fileAt(path);
+    file->setSaved(false);
+    shell.scriptAnswer = QStringLiteral("{\"content\": \"new text\"}");
+    file->save();
+    QCOMPARE(DocumentFixtures::read(path), QByteArray("new text"));
+    QVERIFY(QFileInfo(path).permissions() & QFile::ExeOwner);
+    QVERIFY(file->saved());
+    QCOMPARE(shell.editorScripts, QStringList({"lw.getState()", "$Events.exec('documentSaved');"}));
+
+    LWDocument::Ptr binary = fileAt(fixtures->write("blob.bin", "\xff\xfe"));
+    binary->getContent();
+    binary->saveWithoutState();
+    QCOMPARE(DocumentFixtures::read(binary->fullPath()), QByteArray("\xff\xfe"));
+
+    shell.scriptAnswer = QStringLiteral("not json");
+    file->save();
+    QCOMPARE(DocumentFixtures::read(path), QByteArray("new text"));
+}
+
+void tst_LWDocument::interruptedSaveLeavesOldOrNewContent()
+{
+    const QByteArray oldContent(8 << 20, 'o');
+    const QString path = fixtures->write("big.txt", oldContent);
+    for (int attempt = 0; attempt < 6; ++attempt) {
+        const pid_t child = fork();
+        if (child == 0) {
+            LWDocument::Ptr file = fileAt(path);
+            file->setContent(QString(16 << 20, QLatin1Char('n')));
+            file->saveWithoutState();
+            _exit(0);
+        }
+        QThread::usleep(2000 + attempt * 3000);
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        const QByteArray after = DocumentFixtures::read(path);
+        const bool isOld = after == oldContent;
+        const bool isNew = after.size() == (16 << 20) && after.count('n') == after.size();
+        QVERIFY2(isOld || isNew, qPrintable(QStringLiteral("mixed content of %1 bytes").arg(after.size())));
+        if (isNew)
+            fixtures->write("big.txt", oldContent);
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_LWDocument)
+#include "tst_LWDocument.moc"
