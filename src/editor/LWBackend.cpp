@@ -1,0 +1,94 @@
+#include "editor/LWBackend.h"
+
+#include "app/LWDefaults.h"
+#include "app/LWShell.h"
+#include "documents/LWDocumentManager.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QStringList>
+
+namespace {
+
+// The options the page's search panel may store.
+const QStringList searchOptionKeys = {QStringLiteral("LW_Search_Regex"), QStringLiteral("LW_Search_Case"),
+                                      QStringLiteral("LW_Search_Whole_Word")};
+
+QClipboard *clipboard()
+{
+    if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
+        qWarning("No clipboard without a graphical application");
+        return nullptr;
+    }
+    return QGuiApplication::clipboard();
+}
+
+}
+
+void LWBackend::currentLocationChanged_(const QString &location)
+{
+    if (LWShell *shell = LWShell::instance())
+        shell->setLocationText(location);
+}
+
+void LWBackend::currentDocumentChanged()
+{
+    LWDocumentManager *manager = LWDocumentManager::shared();
+    const LWDocument::Ptr document = manager ? manager->currentDocument() : nullptr;
+    if (!document || !document->saved())
+        return;
+    document->setSaved(false);
+    QMetaObject::invokeMethod(this, [document] {
+        if (LWShell *shell = LWShell::instance()) {
+            shell->reloadOutline();
+            shell->selectInOutline(document);
+        }
+    }, Qt::QueuedConnection);
+}
+
+void LWBackend::searchOptChanged_withValue_(const QString &key, bool value)
+{
+    if (!searchOptionKeys.contains(key)) {
+        qWarning("searchOptChanged: %s is not a search option; nothing stored", qPrintable(key.left(80)));
+        return;
+    }
+    LWDefaults::shared()->setBool(key, value);
+}
+
+void LWBackend::panelToggled_(bool shown)
+{
+    LWDefaults::shared()->setBool(QStringLiteral("LW_Panel"), shown);
+}
+
+void LWBackend::jslog_(const QString &message)
+{
+    qInfo("\nJS: %s", qPrintable(message));
+}
+
+void LWBackend::showStatus_(const QString &text)
+{
+    if (LWShell *shell = LWShell::instance()) {
+        shell->setStatusMessage(text);
+        shell->setStatusSpinnerRunning(true);
+    }
+}
+
+void LWBackend::hideStatus()
+{
+    if (LWShell *shell = LWShell::instance()) {
+        shell->setStatusMessage(QString());
+        shell->setStatusSpinnerRunning(false);
+    }
+}
+
+QString LWBackend::getClipboard()
+{
+    QClipboard *board = clipboard();
+    return board ? board->text() : QString();
+}
+
+void LWBackend::setClipboard_(const QString &text)
+{
+    if (QClipboard *board = clipboard())
+        board->setText(text);
+}

@@ -1,0 +1,130 @@
+#include "editor/LWBackend.h"
+
+#include "app/LWPaths.h"
+#include "app/LWShell.h"
+#include "documents/FileManager.h"
+#include "documents/LWDocumentManager.h"
+#include "editor/EditorCommand.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRandomGenerator>
+#include <QSaveFile>
+
+namespace {
+
+LWDocument::Ptr currentDocument()
+{
+    LWDocumentManager *manager = LWDocumentManager::shared();
+    return manager ? manager->currentDocument() : nullptr;
+}
+
+bool writeAtomically(const QString &path, const QString &text)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 && file.commit())
+        return true;
+    qWarning("Could not write %s: %s", qPrintable(path), qPrintable(file.errorString()));
+    return false;
+}
+
+QString readText(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    return QString::fromUtf8(file.readAll());
+}
+
+}
+
+QString LWBackend::getTempFile_withExtension_(const QString &text, const QString &extension)
+{
+    if (extension.contains(QLatin1Char('/'))) {
+        qWarning("getTempFile: the extension %s names a folder; no file written", qPrintable(extension.left(80)));
+        return QString();
+    }
+    const QString folder = LWPaths::dataPath(QStringLiteral("Data/Temp"));
+    QDir().mkpath(folder);
+    const int number = static_cast<int>(QRandomGenerator::global()->bounded(10000));
+    const QString path = folder + QStringLiteral("/%1.%2").arg(number).arg(extension);
+    return writeAtomically(path, text) ? path : QString();
+}
+
+QString LWBackend::getFullPath()
+{
+    const LWDocument::Ptr document = currentDocument();
+    return document ? document->fullPath() : QString();
+}
+
+QString LWBackend::getLabel()
+{
+    const LWDocument::Ptr document = currentDocument();
+    return document ? document->label() : QString();
+}
+
+void LWBackend::showInFinder_(const QString &path)
+{
+    FileManager::showInFinder(path);
+}
+
+void LWBackend::showInBrowser_(const QString &pathOrURL)
+{
+    FileManager::showInBrowser(pathOrURL);
+}
+
+void LWBackend::document_write_(const QString &path, const QString &text)
+{
+    LWDocumentManager *manager = LWDocumentManager::shared();
+    const LWDocument::Ptr open = manager ? manager->documentTree().documentWithFullPath(path) : nullptr;
+    if (open) {
+        open->setContent(text);
+        open->saveWithoutState();
+        return;
+    }
+    if (!writeAtomically(path, text))
+        return;
+    const LWDocument::Ptr current = currentDocument();
+    const LWDocument::Ptr parent = current ? current->parent() : nullptr;
+    if (!parent)
+        return;
+    parent->addChildDocument(LWDocument::fileFromPath(path));
+    QMetaObject::invokeMethod(this, [] {
+        if (LWShell *shell = LWShell::instance())
+            shell->reloadOutline();
+    }, Qt::QueuedConnection);
+}
+
+void LWBackend::importjs_(const QString &path)
+{
+    if (!QFileInfo(path).isFile())
+        return;
+    const QString source = readText(path);
+    if (QFileInfo(path).suffix() == QLatin1String("coffee")) {
+        const QString sources = QString::fromUtf8(QJsonDocument(QJsonArray{source}).toJson(QJsonDocument::Compact));
+        EditorCommand::send(QStringLiteral("$Core.coffee(%1,true,true);").arg(sources));
+        return;
+    }
+    EditorCommand::send(QStringLiteral("try { %1 } catch (err) { $Terminal.echo(inspectObject(err)) }").arg(source));
+}
+
+QString LWBackend::file_(const QString &path)
+{
+    return readText(path);
+}
+
+QString LWBackend::getBinariesIndex()
+{
+    const QString base = LWPaths::dataRoot() + QLatin1Char('/');
+    const QJsonObject index{
+        {QStringLiteral("node"), base + QStringLiteral("Data/Bin/node/bin/node")},
+        {QStringLiteral("clojure"), base + QStringLiteral("Data/Bin/clojure/clojure.jar")},
+        {QStringLiteral("lua"), base + QStringLiteral("Data/Bin/lua/lua")},
+        {QStringLiteral("typescript"), base + QStringLiteral("Data/Bin/node/lib/node_modules/typescript/bin/tsc.js")},
+    };
+    return QString::fromUtf8(QJsonDocument(index).toJson(QJsonDocument::Compact));
+}

@@ -1,0 +1,109 @@
+#include "editor/LWBackend.h"
+
+#include "app/LWShell.h"
+#include "editor/CallbackFormat.h"
+#include "editor/EditorCommand.h"
+#include "editor/JavaScriptEscape.h"
+#include "extensions/JSONComments.h"
+#include "terminal/LWTerminal.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QStandardPaths>
+
+namespace {
+
+QStringList parsedWords(const QString &json)
+{
+    const QVariant parsed = JSONComments::JSONObjectWithCommentedString(json);
+    if (parsed.typeId() != QMetaType::QVariantList) {
+        qWarning("The arguments %s are not a JSON array; running with none", qPrintable(json.left(80)));
+        return {};
+    }
+    return parsed.toStringList();
+}
+
+QVariantMap parsedEnvironment(const QString &json)
+{
+    const QVariant parsed = JSONComments::JSONObjectWithCommentedString(json);
+    if (parsed.typeId() != QMetaType::QVariantMap) {
+        qWarning("The environment %s is not a JSON object; running with none", qPrintable(json.left(80)));
+        return {};
+    }
+    return parsed.toMap();
+}
+
+void setRunning(bool running)
+{
+    if (LWShell *shell = LWShell::instance()) {
+        shell->setStatusMessage(running ? QStringLiteral("Running...") : QString());
+        shell->setStatusSpinnerRunning(running);
+    }
+}
+
+}
+
+void LWBackend::execute_args_(const QString &command, const QString &argsJSON)
+{
+    setRunning(true);
+    terminal.asyncExec(command, parsedWords(argsJSON), [](const QString &chunk) {
+        EditorCommand::send(QStringLiteral("lw.echo('%1');").arg(escapedForJavascript(chunk)));
+        setRunning(false);
+    });
+}
+
+void LWBackend::execute_args_callback_(const QString &program, const QString &argsJSON, const QString &callback)
+{
+    setRunning(true);
+    terminal.asyncExecReturn(program, parsedWords(argsJSON), [callback](const QString &output) {
+        const QString outputs = QString::fromUtf8(QJsonDocument(QJsonArray{output}).toJson(QJsonDocument::Compact));
+        EditorCommand::send(CallbackFormat::filled(callback, outputs));
+    });
+    setRunning(false);
+}
+
+QString LWBackend::exec_(const QString &argsJSON)
+{
+    return LWTerminal::exec(parsedWords(argsJSON));
+}
+
+QString LWBackend::exec_env_(const QString &argsJSON, const QString &environmentJSON)
+{
+    return LWTerminal::exec(parsedWords(argsJSON), parsedEnvironment(environmentJSON));
+}
+
+QString LWBackend::execApplescript_(const QString &path)
+{
+    qInfo("path: %s", qPrintable(path));
+    const QString runner = QStandardPaths::findExecutable(QStringLiteral("osascript"));
+    if (runner.isEmpty() || !QFileInfo(path).isFile()) {
+        qWarning("error: no AppleScript runner for %s", qPrintable(path));
+        return QString();
+    }
+    QString result = Terminal::getExec(runner, {path});
+    result.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    qInfo("result = %s", qPrintable(result));
+    return result;
+}
+
+QString LWBackend::terminalExec_env_action_completed_(const QString &commandJSON, const QString &environmentJSON,
+                                                      const QString &action, const QString &completed)
+{
+    return session.terminalExec(commandJSON, environmentJSON, action, completed);
+}
+
+void LWBackend::terminalWrite_(const QString &text)
+{
+    session.terminalWrite(text);
+}
+
+void LWBackend::terminalKill()
+{
+    session.terminalKill();
+}
+
+bool LWBackend::execRun()
+{
+    return LWTerminalSession::execRun();
+}

@@ -1,0 +1,108 @@
+#include "editor/LWBackend.h"
+
+#include "app/LWShell.h"
+#include "editor/EditorCommand.h"
+#include "editor/JavaScriptEscape.h"
+#include "extensions/JSONComments.h"
+
+#include <QFileInfo>
+
+namespace {
+
+// The JSON argument when it is an array, else none (logged).
+QVariantList parsedArray(const QString &json, const char *operation)
+{
+    const QVariant parsed = JSONComments::JSONObjectWithCommentedString(json);
+    if (parsed.typeId() != QMetaType::QVariantList) {
+        if (!json.isEmpty())
+            qWarning("%s: the argument is not a JSON array; using none", operation);
+        return {};
+    }
+    return parsed.toList();
+}
+
+}
+
+void LWBackend::openUtilityView()
+{
+    if (LWShell *shell = LWShell::instance())
+        shell->openUtilityView();
+}
+
+void LWBackend::loadUtilityWithHtml_(const QString &html)
+{
+    if (LWShell *shell = LWShell::instance())
+        shell->loadUtilityHTML(html);
+}
+
+void LWBackend::loadUtilityHtml_label_(const QString &html, const QString &label)
+{
+    if (LWShell *shell = LWShell::instance()) {
+        shell->loadUtilityHTML(html);
+        shell->setUtilityLabel(label);
+    }
+}
+
+void LWBackend::loadUtilityWithHtml_path_(const QString &html, const QString &basePath)
+{
+    if (LWShell *shell = LWShell::instance())
+        shell->loadUtilityHTML(html, basePath);
+}
+
+void LWBackend::loadHtml_label_withBasePath_(const QString &html, const QString &label, const QString &basePath)
+{
+    if (LWShell *shell = LWShell::instance()) {
+        shell->setUtilityLabel(label);
+        shell->loadUtilityHTML(html, basePath);
+    }
+}
+
+void LWBackend::loadUtilityWithHtmlFile_(const QString &path)
+{
+    if (LWShell *shell = LWShell::instance())
+        shell->loadUtilityHTMLFile(path, {});
+}
+
+void LWBackend::loadUtility_label_(const QString &pathOrHTML, const QString &label)
+{
+    LWShell *shell = LWShell::instance();
+    if (!shell)
+        return;
+    if (!QFileInfo(pathOrHTML).isFile()) {
+        loadUtilityHtml_label_(pathOrHTML, label);
+        return;
+    }
+    shell->loadUtilityHTMLFile(pathOrHTML, {});
+    shell->setUtilityLabel(label);
+}
+
+void LWBackend::loadUtility_label_cookies_(const QString &path, const QString &label, const QString &cookiesJSON)
+{
+    if (LWShell *shell = LWShell::instance()) {
+        shell->loadUtilityHTMLFile(path, parsedArray(cookiesJSON, "loadUtility:label:cookies:"));
+        shell->setUtilityLabel(label);
+    }
+}
+
+void LWBackend::loadEditorUtility_label_mode_(const QString &content, const QString &label, const QString &mode)
+{
+    if (LWShell *shell = LWShell::instance()) {
+        shell->openUtilityView();
+        shell->loadUtilityEditor(content, mode);
+        shell->setUtilityLabel(label);
+    }
+}
+
+void LWBackend::registerPluginMenu_(const QString &titlesJSON)
+{
+    QStringList titles;
+    for (const QVariant &title : parsedArray(titlesJSON, "registerPluginMenu:"))
+        titles.append(title.toString());
+    if (LWShell *shell = LWShell::instance())
+        shell->setUtilityPluginMenu(titles);
+}
+
+void LWBackend::utilityViewMenuItemClicked_(const QString &title)
+{
+    EditorCommand::send(QStringLiteral("$Core.currentPlugin.menu()['%1']()").arg(escapedForJavascript(title)));
+}
