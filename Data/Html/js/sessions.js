@@ -1,0 +1,140 @@
+// One edit session per document. setState() puts a document's content and
+// mode into a fresh session; saveLocalState(token) keeps the current session
+// under the document's identity token, and loadLocalState(token) brings it
+// back, with its undo history, cursor, selection, scroll, folds and
+// bookmarks, after the following setState() of the same document.
+//
+// Each session remembers the content text it was last exchanged with (its
+// snapshot) and a revision counter bumped on every change, so an unchanged
+// session answers getState() and comparisons without joining its lines again.
+(function (global) {
+  'use strict';
+
+  var STORE_LIMIT = 64;
+
+  function Sessions(editor, settings) {
+    this.editor = editor;
+    this.settings = settings;
+    this.store = new Map();  // token -> session, least recently used first
+    this.prepare(editor.session, '', 'text');
+  }
+
+  Sessions.prototype.prepare = function (session, content, modeName) {
+    session.lwRevision = 0;
+    session.lwSnapshot = { revision: 0, content: content };
+    session.lwModeName = modeName;
+    session.on('change', function () { session.lwRevision++; });
+    return session;
+  };
+
+  Sessions.prototype.current = function () {
+    return this.editor.session;
+  };
+
+  Sessions.prototype.contentOf = function (session) {
+    var snapshot = session.lwSnapshot;
+    if (snapshot && snapshot.revision === session.lwRevision)
+      return snapshot.content;
+    var content = session.getValue();
+    session.lwSnapshot = { revision: session.lwRevision, content: content };
+    return content;
+  };
+
+  Sessions.prototype.isStored = function (session) {
+    for (var stored of this.store.values())
+      if (stored === session)
+        return true;
+    return false;
+  };
+
+  // Shows the session in the editor; the outgoing one is released unless a
+  // document keeps it.
+  Sessions.prototype.attach = function (session) {
+    var outgoing = this.editor.session;
+    if (outgoing === session)
+      return;
+    session.setUseWorker(outgoing.getUseWorker());
+    this.settings.applyTo(session);
+    this.editor.setSession(session);
+    if (!this.isStored(outgoing))
+      outgoing.destroy();
+  };
+
+  Sessions.prototype.applyMode = function (session, name) {
+    var previous = session.lwModeName;
+    session.lwModeName = name;
+    return global.AceModules.load('mode', name).then(function (id) {
+      if (session.lwModeName === name)
+        session.setMode(id);
+    }, function (err) {
+      global.Bridge.log("Mode '" + name + "' not applied: " + err.message);
+      if (session.lwModeName === name)
+        session.lwModeName = previous;
+    });
+  };
+
+  // state: { content, mode, readOnly }. Anything else is logged and ignored,
+  // leaving the editor as it was.
+  Sessions.prototype.setState = function (state) {
+    if (state === null || typeof state !== 'object' || Array.isArray(state)) {
+      global.Bridge.log('lw.setState: ignored a state that is not an object: ' + String(state).slice(0, 80));
+      return false;
+    }
+    var content = typeof state.content === 'string' ? state.content : (state.content == null ? '' : String(state.content));
+    var mode = typeof state.mode === 'string' && state.mode !== '' ? state.mode : 'text';
+    var session = this.prepare(global.ace.createEditSession(content), content, 'text');
+    this.attach(session);
+    this.editor.setReadOnly(state.readOnly === true);
+    this.applyMode(session, mode);
+    return true;
+  };
+
+  Sessions.prototype.getState = function () {
+    var session = this.editor.session;
+    return JSON.stringify({ content: this.contentOf(session), mode: session.lwModeName });
+  };
+
+  Sessions.prototype.saveLocal = function (token) {
+    this.store.delete(token);
+    this.store.set(token, this.editor.session);
+    while (this.store.size > STORE_LIMIT) {
+      var oldest = this.store.keys().next().value;
+      var evicted = this.store.get(oldest);
+      this.store.delete(oldest);
+      global.Bridge.log('Editor state of ' + oldest + ' dropped (more than ' + STORE_LIMIT + ' documents kept)');
+      if (evicted !== this.editor.session && !this.isStored(evicted))
+        evicted.destroy();
+    }
+  };
+
+  // Swaps the session just filled by setState() for the document's kept one.
+  // When the document's text changed elsewhere meanwhile, the kept session
+  // takes the new text as one undoable change.
+  Sessions.prototype.loadLocal = function (token) {
+    var kept = this.store.get(token);
+    var incoming = this.editor.session;
+    if (!kept || kept === incoming)
+      return false;
+    var content = this.contentOf(incoming);
+    if (this.contentOf(kept) !== content) {
+      kept.doc.setValue(content);
+      kept.lwSnapshot = { revision: kept.lwRevision, content: content };
+    }
+    if (kept.lwModeName !== incoming.lwModeName)
+      this.applyMode(kept, incoming.lwModeName);
+    this.store.delete(token);
+    this.store.set(token, kept);
+    this.attach(kept);
+    return true;
+  };
+
+  Sessions.prototype.setMode = function (name) {
+    return this.applyMode(this.editor.session, name);
+  };
+
+  Sessions.prototype.getMode = function () {
+    return this.editor.session.lwModeName;
+  };
+
+  global.Sessions = Sessions;
+})(window);

@@ -1,0 +1,113 @@
+// $Terminal: the console of the panel's terminal tab. A typed command runs in
+// the shell session of the backend (terminalExec:env:action:completed:) with
+// its output streaming back through "$Terminal.write('%@')". While it runs,
+// one line typed in the console goes to its standard input; the backend ends
+// the session with "window.setTerminalStdin(false);".
+(function (global) {
+  'use strict';
+
+  var $ = global.jQuery;
+  var PROMPT = '$ ';
+  var OUTPUT_LIMIT = 10000;  // lines kept in the console
+
+  // The command reaches bash as one double-quoted argument of eval, so eval
+  // sees exactly what was typed (pipes, redirections and cd included); the
+  // backend escapes the double quotes, the page the other characters that
+  // are special inside double quotes.
+  function evalArgument(command) {
+    return command.replace(/[\\$`]/g, '\\$&');
+  }
+
+  function Terminal(element) {
+    this.running = false;
+    this.inputSent = false;
+    this.output = new global.OutputQueue(this.writeLines.bind(this));
+    this.console = $(element).terminal(this.interpret.bind(this), {
+      greetings: false,
+      prompt: PROMPT,
+      outputLimit: OUTPUT_LIMIT,
+      exit: false,
+      checkArity: false,
+      completion: false,
+      keymap: { 'CTRL+C': this.interrupt.bind(this) }
+    });
+  }
+
+  Terminal.prototype.writeLines = function (text) {
+    this.console.echo($.terminal.escape_brackets(text), { exec: false });
+  };
+
+  Terminal.prototype.interpret = function (command) {
+    if (this.running)
+      this.sendInput(command);
+    else if (command.trim() !== '')
+      this.exec(command);
+  };
+
+  Terminal.prototype.exec = function (command) {
+    this.setStdin(true);
+    global.Bridge.call('terminalExec_env_action_completed_',
+      [JSON.stringify(['eval', evalArgument(command)]), '', '$Terminal.write(\'%@\')', ''])
+      .catch(function (err) {
+        global.reportPageError('Terminal', err);
+        this.setStdin(false);
+      }.bind(this));
+  };
+
+  // The session's standard input closes after one write.
+  Terminal.prototype.sendInput = function (line) {
+    if (this.inputSent) {
+      this.echo('(the running command takes no more input)');
+      return;
+    }
+    this.inputSent = true;
+    global.Bridge.notify('terminalWrite_', [line + '\n']);
+  };
+
+  Terminal.prototype.interrupt = function () {
+    if (!this.running)
+      return;
+    global.Bridge.notify('terminalKill', []);
+    this.echo('^C');
+    this.setStdin(false);
+  };
+
+  Terminal.prototype.setStdin = function (enabled) {
+    this.running = enabled === true;
+    this.inputSent = false;
+    this.console.set_prompt(this.running ? '' : PROMPT);
+    if (!this.running)
+      this.output.end();
+  };
+
+  Terminal.prototype.write = function (text) {
+    this.output.push(text == null ? '' : String(text));
+  };
+
+  Terminal.prototype.echo = function (text) {
+    this.output.push((text == null ? '' : String(text)) + '\n');
+  };
+
+  // The object published as $Terminal.
+  Terminal.prototype.api = function () {
+    var self = this;
+    return {
+      echo: function (text) { self.echo(text); },
+      write: function (text) { self.write(text); },
+      exec: function (command) { self.show(); self.exec(String(command)); },
+      show: function () { self.show(); },
+      clear: function () { self.console.clear(); },
+      isRunning: function () { return self.running; },
+      stats: function () {
+        return { lines: self.output.linesWritten, chars: self.output.charsReceived, idle: self.output.isIdle() };
+      },
+      console: self.console
+    };
+  };
+
+  Terminal.prototype.show = function () {
+    global.Panel.showTab('terminal');
+  };
+
+  global.Terminal = Terminal;
+})(window);

@@ -1,0 +1,394 @@
+#include "support/EditorPage.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QtTest>
+
+// Stands in for the backend: records every call the page makes.
+class RecordingCore : public QObject
+{
+    Q_OBJECT
+public:
+    QList<QStringList> calls;
+
+    QStringList argumentsOf(const QString &method) const
+    {
+        for (auto it = calls.crbegin(); it != calls.crend(); ++it)
+            if (it->first() == method)
+                return it->mid(1);
+        return {};
+    }
+    bool received(const QString &method) const { return !argumentsOf(method).isEmpty() || count(method) > 0; }
+    int count(const QString &method) const
+    {
+        return int(std::count_if(calls.cbegin(), calls.cend(),
+                                 [&](const QStringList &call) { return call.first() == method; }));
+    }
+
+    Q_INVOKABLE void jslog_(const QString &text) { record({"jslog_", text}); }
+    Q_INVOKABLE void currentLocationChanged_(const QString &text) { record({"currentLocationChanged_", text}); }
+    Q_INVOKABLE void currentDocumentChanged() { record({"currentDocumentChanged"}); }
+    Q_INVOKABLE void searchOptChanged_withValue_(const QString &key, bool value)
+    {
+        record({"searchOptChanged_withValue_", key, value ? "true" : "false"});
+    }
+    Q_INVOKABLE void panelToggled_(bool shown) { record({"panelToggled_", shown ? "true" : "false"}); }
+    Q_INVOKABLE QString terminalExec_env_action_completed_(const QString &command, const QString &env,
+                                                           const QString &action, const QString &completed)
+    {
+        record({"terminalExec_env_action_completed_", command, env, action, completed});
+        return {};
+    }
+    Q_INVOKABLE void terminalWrite_(const QString &text) { record({"terminalWrite_", text}); }
+    Q_INVOKABLE void terminalKill() { record({"terminalKill"}); }
+    Q_INVOKABLE void registerPluginMenu_(const QString &titles) { record({"registerPluginMenu_", titles}); }
+    Q_INVOKABLE QString getFullPath() { return QStringLiteral("/work/hello.py"); }
+
+private:
+    void record(const QStringList &call) { calls.append(call); }
+};
+
+namespace {
+
+// A script string of the shell evaluated the way the shell does, answering
+// "ERROR: ..." when it throws.
+QString guarded(const QString &script)
+{
+    const QString literal = QString::fromUtf8(QJsonDocument(QJsonArray{script}).toJson(QJsonDocument::Compact));
+    return QStringLiteral("(function () { try { var r = (0, eval)(%1[0]); return r === undefined ? '' : String(r); }"
+                          " catch (e) { return 'ERROR: ' + e; } })()").arg(literal);
+}
+
+QString stateScript(const QString &content, const QString &mode, bool readOnly = false)
+{
+    const QJsonObject state{{"content", content}, {"mode", mode}, {"readOnly", readOnly}};
+    return QStringLiteral("lw.setState(%1);").arg(QString::fromUtf8(QJsonDocument(state).toJson(QJsonDocument::Compact)));
+}
+
+QString terminalText(EditorPage &page)
+{
+    return page.evalString(QStringLiteral("$('#terminal .terminal-output').text()")).replace(QChar(0xa0), ' ');
+}
+
+QJsonObject parsedState(EditorPage &page)
+{
+    return QJsonDocument::fromJson(page.evalString(QStringLiteral("lw.getState()")).toUtf8()).object();
+}
+
+}
+
+class TestEditorPage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        core = std::make_unique<RecordingCore>();
+        page = std::make_unique<EditorPage>(core.get());
+        QVERIFY2(page->load(), "the editor page did not start");
+    }
+
+    void cleanup()
+    {
+        if (page)
+            QVERIFY2(page->page->errors.isEmpty(), qPrintable(page->page->errors.join('\n')));
+        page.reset();
+        core.reset();
+    }
+
+    void everyShellStringRunsWithoutError()
+    {
+        page->eval(stateScript("function a() {\n  return [1, 2];\n}\nvar b = a();\n", "javascript"));
+        page->eval("$Core.runPlugin('Say','/tmp/Say.lwPlugin',[\"plugin.menu 'Hello': -> lw.insert 'hi'\"]);");
+        const QStringList scripts = {
+            // Edit menu
+            "lw.selectWord();", "lw.selectLine();", "lw.selectLineStart();", "lw.selectLineEnd();",
+            "lw.selectFileStart();", "lw.selectFileEnd();", "lw.selectAll();", "lw.deselectAll();",
+            "lw.indent();", "lw.outdent();", "lw.moveUp();", "lw.moveDown();", "lw.toggleComments();",
+            // Document menu
+            "lw.goToLine(2);", "lw.scrollPageUp();", "lw.scrollPageDown();", "lw.scrollToSelection();",
+            "lw.bookmarkMarkCurrent();", "lw.bookmarkUnmarkCurrent();", "lw.bookmarkRemoveAll();",
+            "lw.foldAll();", "lw.unfoldAll();", "lw.foldCurrent();", "lw.unfoldCurrent();", "lw.setMode('python');",
+            // View menu
+            "lw.togglePanel(true);", "lw.togglePanel(false);", "lw.toggleGutter(true);", "lw.toggleGutter(false);",
+            "lw.togglePrintMargin(true);", "lw.togglePrintMargin(false);",
+            "lw.toggleIndentationGuides(true);", "lw.toggleIndentationGuides(false);",
+            "lw.toggleInvisibles(true);", "lw.toggleInvisibles(false);", "lw.toggleSoftTabs(true);",
+            "lw.toggleSoftTabs(false);", "lw.toggleWordWrap(true);", "lw.toggleWordWrap(false);",
+            "lw.setTabSize(8);", "lw.setWrapLimit(80);", "lw.setWrapLimit(0);", "lw.setFontSize(14);",
+            "lw.setFontSize(0);", "lw.editor.setOption('fontFamily','Menlo');", "lw.setTheme('monokai');",
+            // Find menu
+            "lw.showSearchTab(); lw.find();", "lw.findNext();", "lw.findPrevious();", "lw.replace();",
+            "lw.replaceAll();", "lw.showSearchTab(); lw.useSelectionForFind();", "lw.searchOptRegexToggle(true);",
+            "lw.searchOptRegexToggle(false);", "lw.searchOptCaseToggle(true);", "lw.searchOptCaseToggle(false);",
+            "lw.searchOptWholeWordToggle(true);", "lw.searchOptWholeWordToggle(false);", "lw.getSelection();",
+            // Other parts of the shell
+            "lw.getState()", "lw.saveLocalState('0x55d0c0ffee');", stateScript("x = 1\n", "python"),
+            "lw.loadLocalState('0x55d0c0ffee');", "$Events.exec('documentSaved');", "lw.getMode();",
+            "lw.editor.renderer.$themeId", "lw.echo('chunk\\n');", "$Core.coffee([\"square = (x) -> x * x\"],true,true);",
+            "try { var imported = 1; } catch (err) { $Terminal.echo(inspectObject(err)) }",
+            "$Core.currentPlugin.menu()['Hello']()", "window.setTerminalStdin(false);", "$Terminal.show();",
+            "$Terminal.echo('listing');", "$Terminal.echo();", "$Terminal.echo('FTP:: Getting contents at path: /srv');",
+            "$Terminal.echo('&#10004; /srv/a.txt');", "$Core.haltPlugin()",
+        };
+        for (const QString &script : scripts) {
+            const QString answer = page->evalString(guarded(script));
+            QVERIFY2(!answer.startsWith("ERROR"), qPrintable(script + " -> " + answer));
+        }
+        QTRY_VERIFY(terminalText(*page).contains(QStringLiteral("\u2714 /srv/a.txt")));
+    }
+
+    void editingCommandsChangeTheText()
+    {
+        page->eval(stateScript("alpha beta\nsecond\nthird\n", "javascript"));
+        QTRY_COMPARE(page->evalString("lw.editor.session.$modeId"), QStringLiteral("ace/mode/javascript"));
+        page->eval("lw.goToLine(1); lw.moveDown();");
+        QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("second\nalpha beta\nthird\n"));
+        page->eval("lw.selectLine(); lw.toggleComments();");
+        QCOMPARE(page->evalString("lw.editor.session.getLine(1)"), QStringLiteral("// alpha beta"));
+        page->eval("lw.goToLine(3); lw.indent();");
+        QCOMPARE(page->evalString("lw.editor.session.getLine(2)"), QStringLiteral("    third"));
+        page->eval("lw.selectFileStart();");
+        QCOMPARE(page->evalString("lw.getSelection()").count('\n'), 2);
+        page->eval("lw.goToLine('twelve');");
+        QVERIFY(core->argumentsOf("jslog_").value(0).contains("not a line number"));
+    }
+
+    void bookmarksAndFoldsShowInTheEditor()
+    {
+        page->eval(stateScript("function f() {\n  if (x) {\n    y();\n  }\n}\n", "javascript"));
+        QTRY_COMPARE(page->evalString("lw.editor.session.$modeId"), QStringLiteral("ace/mode/javascript"));
+        page->eval("lw.goToLine(2); lw.bookmarkMarkCurrent(); lw.goToLine(3); lw.bookmarkMarkCurrent();");
+        QCOMPARE(page->evalString("lw.getBookmarks().join()"), QStringLiteral("1,2"));
+        QTRY_COMPARE(page->eval("$('.ace_gutter-cell.lw-bookmark').length").toInt(), 2);
+        page->eval("lw.bookmarkUnmarkCurrent();");
+        QCOMPARE(page->evalString("lw.getBookmarks().join()"), QStringLiteral("1"));
+        page->eval("lw.bookmarkRemoveAll();");
+        QCOMPARE(page->evalString("lw.getBookmarks().join()"), QString());
+
+        page->eval("lw.goToLine(1); lw.foldCurrent();");
+        QCOMPARE(page->eval("lw.editor.session.getAllFolds().length").toInt(), 1);
+        page->eval("lw.unfoldCurrent();");
+        QCOMPARE(page->eval("lw.editor.session.getAllFolds().length").toInt(), 0);
+        page->eval("lw.foldAll();");
+        QVERIFY(page->eval("lw.editor.session.getAllFolds().length").toInt() >= 1);
+        page->eval("lw.unfoldAll();");
+        QCOMPARE(page->eval("lw.editor.session.getAllFolds().length").toInt(), 0);
+    }
+
+    void stateRoundTripKeepsEveryCharacter()
+    {
+        QString content;
+        const QString line = QStringLiteral("say(\"it's\") \\ path\\to\\n 'quoted' \u00e9\u00e8 \u4e2d\u6587 \U0001F600\t</script>\r\n");
+        while (content.size() < 1024 * 1024)
+            content += line;
+        page->eval(stateScript(content, "python"));
+        const QJsonObject state = parsedState(*page);
+        QCOMPARE(state.value("mode").toString(), QStringLiteral("python"));
+        QVERIFY(state.value("content").toString() == content);
+
+        page->eval("lw.goToLine(3); lw.insert('x');");
+        const QString edited = parsedState(*page).value("content").toString();
+        QCOMPARE(edited.size(), content.size() + 1);
+        QVERIFY(edited.startsWith(line + line + "x" + line));
+    }
+
+    void localStateRestoresUndoAndCursorAcrossSwitch()
+    {
+        page->eval(stateScript("first\ndocument\n", "text"));
+        page->eval("lw.loadLocalState('0xA');");
+        page->eval("lw.goToLine(2); lw.insert('my '); lw.goToLine(1); lw.selectLineEnd();");
+        const QString stateA = QJsonDocument(parsedState(*page)).toJson(QJsonDocument::Compact);
+        page->eval("lw.saveLocalState('0xA');");
+
+        page->eval(stateScript("second document\n", "text"));
+        page->eval("lw.loadLocalState('0xB');");
+        page->eval("lw.insert('typed in B ');");
+        page->eval("lw.getState(); lw.saveLocalState('0xB');");
+
+        page->eval(QStringLiteral("lw.setState(%1);").arg(stateA));
+        page->eval("lw.loadLocalState('0xA');");
+        QCOMPARE(page->evalString("lw.getSelection()"), QStringLiteral("first"));
+        page->eval("lw.editor.undo();");
+        QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("first\ndocument\n"));
+
+        // Text changed outside the editor arrives as one more undoable step.
+        page->eval("lw.saveLocalState('0xA');");
+        page->eval(stateScript("replaced on disk\n", "text"));
+        page->eval("lw.loadLocalState('0xA');");
+        QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("replaced on disk\n"));
+        page->eval("lw.editor.undo();");
+        QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("first\ndocument\n"));
+    }
+
+    void togglesChangeEditorOptions()
+    {
+        const QList<QPair<QString, QString>> cases = {
+            {"lw.toggleGutter(%1);", "lw.editor.renderer.getShowGutter()"},
+            {"lw.togglePrintMargin(%1);", "lw.editor.renderer.getShowPrintMargin()"},
+            {"lw.toggleIndentationGuides(%1);", "lw.editor.renderer.getDisplayIndentGuides()"},
+            {"lw.toggleInvisibles(%1);", "lw.editor.renderer.getShowInvisibles()"},
+            {"lw.toggleSoftTabs(%1);", "lw.editor.session.getUseSoftTabs()"},
+            {"lw.toggleWordWrap(%1);", "lw.editor.session.getUseWrapMode()"},
+            {"lw.togglePanel(%1);", "$('#panel').is(':visible')"},
+        };
+        for (const auto &[toggle, probe] : cases) {
+            for (bool on : {true, false, true}) {
+                page->eval(toggle.arg(on ? "true" : "false"));
+                QVERIFY2(page->eval(probe).toBool() == on, qPrintable(toggle.arg(on)));
+            }
+        }
+        page->eval("lw.setTabSize(8); lw.setWrapLimit(40); lw.setFontSize(17);"
+                   "lw.editor.setOption('fontFamily','DejaVu Sans Mono');");
+        // Session options outlive a document switch.
+        page->eval(stateScript("new\n", "text"));
+        QCOMPARE(page->eval("lw.editor.session.getTabSize()").toInt(), 8);
+        QCOMPARE(page->eval("lw.editor.session.getWrapLimitRange().max").toInt(), 40);
+        QVERIFY(page->eval("lw.editor.session.getUseWrapMode()").toBool());
+        QCOMPARE(page->eval("lw.editor.getFontSize()").toInt(), 17);
+        QCOMPARE(page->evalString("lw.editor.getOption('fontFamily')"), QStringLiteral("'DejaVu Sans Mono', monospace"));
+        page->eval("lw.setWrapLimit(0); lw.setFontSize(0);");
+        QVERIFY(page->eval("lw.editor.session.getWrapLimitRange().max").isNull());
+        QCOMPARE(page->eval("lw.editor.getFontSize()").toInt(), 1);
+    }
+
+    void searchHonoursOptionsAndScope()
+    {
+        page->eval(stateScript("Cat cat concat\ncat dog\nCAT\n", "text"));
+        page->eval("$('#search-find').val('cat'); lw.searchOptCaseToggle(true); lw.searchOptWholeWordToggle(true);");
+        page->eval("lw.showSearchTab(); lw.find();");
+        QCOMPARE(page->evalString("JSON.stringify(lw.editor.getSelectionRange().start)"), QStringLiteral("{\"row\":0,\"column\":4}"));
+        page->eval("lw.findNext();");
+        QCOMPARE(page->eval("lw.editor.getSelectionRange().start.row").toInt(), 1);
+
+        page->eval("lw.searchOptCaseToggle(false); lw.searchOptWholeWordToggle(false); lw.searchOptRegexToggle(true);");
+        page->eval("$('#search-find').val('c.t$'); $('#search-replace').val('X'); lw.replaceAll();");
+        QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("Cat cat conX\ncat dog\nX\n"));
+
+        page->eval("$('#search-find').val('('); lw.find();");
+        QCOMPARE(page->evalString("$('#search-status').text()"), QStringLiteral("Invalid regular expression"));
+
+        // Selection scope: only the second line changes.
+        page->eval("lw.searchOptRegexToggle(false); $('#search-scope').val('Selection').trigger('change');");
+        page->eval("lw.goToLine(2); lw.selectLine(); $('#search-find').val('cat'); $('#search-replace').val('cow'); lw.replaceAll();");
+        QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("Cat cat conX\ncow dog\nX\n"));
+
+        page->eval("lw.goToLine(2); lw.selectWord(); lw.useSelectionForFind();");
+        QCOMPARE(page->evalString("$('#search-find').val()"), QStringLiteral("cow"));
+
+        page->eval("$('[data-option=regex]').click();");
+        QCOMPARE(core->argumentsOf("searchOptChanged_withValue_"), (QStringList{"LW_Search_Regex", "true"}));
+    }
+
+    void themesAndModesLoadFromInstalledFiles()
+    {
+        page->eval("lw.setTheme('monokai'); lw.setMode('python');");
+        QTRY_COMPARE(page->evalString("lw.editor.renderer.$themeId"), QStringLiteral("ace/theme/monokai"));
+        QTRY_COMPARE(page->evalString("lw.editor.session.$modeId"), QStringLiteral("ace/mode/python"));
+        QCOMPARE(page->evalString("lw.getMode();"), QStringLiteral("python"));
+
+        page->eval("lw.setTheme('no-such-theme'); lw.setMode('no-such-mode'); lw.setMode('../../etc');");
+        QTRY_COMPARE(core->count("jslog_"), 3);
+        page->page->errors.clear();  // the missing files themselves are reported by the engine
+        QCOMPARE(page->evalString("lw.editor.renderer.$themeId"), QStringLiteral("ace/theme/monokai"));
+        QCOMPARE(page->evalString("lw.getMode();"), QStringLiteral("python"));
+    }
+
+    void badStatesLeaveTheDocumentAlone()
+    {
+        page->eval(stateScript("keep me\n", "text"));
+        for (const QString &bad : {"lw.setState('text');", "lw.setState(null);", "lw.setState([1,2]);", "lw.setState();"})
+            page->eval(bad);
+        QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("keep me\n"));
+        QCOMPARE(core->count("jslog_"), 4);
+        page->eval("lw.setState({content: 42});");
+        QCOMPARE(parsedState(*page).value("content").toString(), QStringLiteral("42"));
+    }
+
+    void pageReportsEditsCursorAndPanelToShell()
+    {
+        page->eval(stateScript("abc\ndef\n", "text"));
+        page->eval("lw.goToLine(2); lw.insert('x');");
+        QTRY_VERIFY(core->received("currentDocumentChanged"));
+        QTRY_COMPARE(core->argumentsOf("currentLocationChanged_").value(0), QStringLiteral("Line 2, Column 2"));
+        page->eval("$('.panel-close').click();");
+        QCOMPARE(core->argumentsOf("panelToggled_"), QStringList{"false"});
+        QVERIFY(!page->eval("$('#panel').is(':visible')").toBool());
+    }
+
+    void terminalCommandsRunThroughTheSession()
+    {
+        page->eval("$Terminal.console.exec('cd /tmp && echo \"$HOME\" | wc -c');");
+        QTRY_VERIFY(core->received("terminalExec_env_action_completed_"));
+        const QStringList call = core->argumentsOf("terminalExec_env_action_completed_");
+        QCOMPARE(QJsonDocument::fromJson(call.value(0).toUtf8()).array(),
+                 (QJsonArray{"eval", "cd /tmp && echo \"\\$HOME\" | wc -c"}));
+        QCOMPARE(call.value(2), QStringLiteral("$Terminal.write('%@')"));
+
+        page->eval("$Terminal.console.exec('an answer'); $Terminal.console.exec('one too many');");
+        QTRY_COMPARE(core->argumentsOf("terminalWrite_"), QStringList{"an answer\n"});
+        QCOMPARE(core->count("terminalWrite_"), 1);
+
+        page->eval("$Terminal.write('first line\\nsecond <b>line</b> [[;red;]x]\\npartial');");
+        page->eval("window.setTerminalStdin(false);");
+        QTRY_VERIFY(page->eval("$Terminal.stats().idle").toBool());
+        const QString text = terminalText(*page);
+        QVERIFY(text.contains("second <b>line</b> [[;red;]x]"));
+        QVERIFY(text.contains("partial"));
+        QCOMPARE(page->evalString("$Terminal.console.get_prompt()"), QStringLiteral("$ "));
+    }
+
+    void pluginsCompileRunAndReportErrors()
+    {
+        const QString source = QStringLiteral(
+            "plugin.menu\n"
+            "  'Upper': -> lw.setValue lw.getValue().toUpperCase()\n"
+            "  'Where': -> backend.getFullPath().then (path) -> plugin.echo 'at', path\n"
+            "plugin.onHalt -> lw.insert 'halted'\n");
+        page->eval(stateScript("text", "text"));
+        page->eval(QStringLiteral("$Core.runPlugin('Tools','/p/Tools.lwPlugin',%1);")
+                       .arg(QString::fromUtf8(QJsonDocument(QJsonArray{source}).toJson(QJsonDocument::Compact))));
+        QTRY_COMPARE(core->argumentsOf("registerPluginMenu_"), QStringList{"[\"Upper\",\"Where\"]"});
+        page->eval("$Core.currentPlugin.menu()['Upper']()");
+        QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("TEXT"));
+        page->eval("$Core.currentPlugin.menu()['Where']()");
+        QTRY_VERIFY(terminalText(*page).contains("at /work/hello.py"));
+        page->eval("$Core.haltPlugin()");
+        QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("TEXThalted"));
+        QCOMPARE(core->argumentsOf("registerPluginMenu_"), QStringList{"[]"});
+
+        page->eval("$Core.runPlugin('Broken','/p/Broken.lwPlugin',[\"plugin.menu 'A': ->\\n  (\"]);");
+        QTRY_VERIFY(terminalText(*page).contains("Plugin 'Broken'"));
+        QVERIFY(core->argumentsOf("jslog_").value(0).startsWith("Plugin 'Broken': [stdin]:2"));
+        page->eval("$Core.coffee([\"window.fromCoffee = [1..3].length\"],true,true);");
+        QCOMPARE(page->eval("window.fromCoffee").toInt(), 3);
+    }
+
+    void utilityPageShowsAReadOnlyEditor()
+    {
+        RecordingCore utilityCore;
+        EditorPage utility(&utilityCore, QStringLiteral("Data/Html/uindex.html"));
+        QVERIFY(utility.load());
+        utility.eval(stateScript("print('read only')\n", "python", true));
+        utility.eval("$('.panel-tabs').hide();");
+        utility.eval("lw.setTheme('monokai'); lw.editor.getSession().setUseWorker(false);");
+        QCOMPARE(utility.evalString("lw.getMode();"), QStringLiteral("python"));
+        QVERIFY(utility.eval("lw.editor.getReadOnly()").toBool());
+        QVERIFY(!utility.eval("$('.panel-tabs').is(':visible')").toBool());
+        utility.eval(stateScript("print('again')\n", "python", true));
+        QVERIFY(!utility.eval("lw.editor.session.getUseWorker()").toBool());
+        utility.eval("lw.editor.selectAll(); lw.editor.execCommand('insertstring', 'typed');");
+        QCOMPARE(utility.evalString("lw.getValue()"), QStringLiteral("print('again')\n"));
+        QVERIFY(!utilityCore.received("currentLocationChanged_"));
+        QVERIFY2(utility.page->errors.isEmpty(), qPrintable(utility.page->errors.join('\n')));
+    }
+
+private:
+    std::unique_ptr<RecordingCore> core;
+    std::unique_ptr<EditorPage> page;
+};
+
+QTEST_MAIN(TestEditorPage)
+#include "tst_editorpage.moc"
