@@ -38,6 +38,7 @@ constexpr std::array<unsigned char, 256> makeUnitLengths()
 constexpr std::array<unsigned char, 256> unitLengths = makeUnitLengths();
 
 constexpr qsizetype shortRun = 16;
+constexpr qsizetype nearBytes = 2;
 
 inline bool isBlank(char byte)
 {
@@ -62,6 +63,12 @@ inline bool isCandidate(char byte)
 template <char... Needles>
 const char *findCandidate(const char *p, const char *end)
 {
+    // Candidates often follow each other within a byte or two: a look at
+    // those bytes alone is cheaper than a sixteen-byte scan.
+    for (const char *nearEnd = p + std::min<qsizetype>(nearBytes, end - p); p < nearEnd; ++p) {
+        if (isCandidate<Needles...>(*p))
+            return p;
+    }
 #if defined(__SSE2__)
     const __m128i leadBits = _mm_set1_epi8(char(0xC0));
     for (; end - p >= 16; p += 16) {
