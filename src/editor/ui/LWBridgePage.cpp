@@ -1,0 +1,140 @@
+#include "editor/ui/LWBridgePage.h"
+
+#include "app/LWPaths.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QTimer>
+#include <QWebEngineHttpRequest>
+#include <QWebChannel>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
+
+#include <memory>
+
+namespace {
+
+constexpr int evaluationTimeoutMilliseconds = 60000;
+
+// The client side of the channel, present in every document so that the
+// page can connect with new QWebChannel(qt.webChannelTransport, ...).
+QWebEngineScript channelClientScript()
+{
+    QFile source(QStringLiteral(":/qtwebchannel/qwebchannel.js"));
+    source.open(QIODevice::ReadOnly);
+    QWebEngineScript script;
+    script.setName(QStringLiteral("qwebchannel"));
+    script.setSourceCode(QString::fromUtf8(source.readAll()));
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::MainWorld);
+    script.setRunsOnSubFrames(false);
+    return script;
+}
+
+bool isInside(const QString &path, const QString &folder)
+{
+    const QString root = QDir::cleanPath(folder) + QLatin1Char('/');
+    return path.startsWith(root);
+}
+
+}
+
+LWBridgePage::LWBridgePage(QWebChannel *channel, QObject *parent)
+    : QWebEnginePage(parent), bridge(channel)
+{
+    scripts().insert(channelClientScript());
+}
+
+bool LWBridgePage::isTrustedFile(const QUrl &url)
+{
+    if (!url.isLocalFile())
+        return false;
+    const QString path = QFileInfo(url.toLocalFile()).absoluteFilePath();
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    const QString checked = canonical.isEmpty() ? QDir::cleanPath(path) : canonical;
+    for (const QString &root : {LWPaths::resourceFolder(), LWPaths::dataRoot()}) {
+        const QString canonicalRoot = QFileInfo(root).canonicalFilePath();
+        if (isInside(checked, canonicalRoot.isEmpty() ? root : canonicalRoot))
+            return true;
+    }
+    return false;
+}
+
+void LWBridgePage::loadShellHTML(const QString &html, const QUrl &baseUrl)
+{
+    shellLoadPending = true;
+    shellLoadTrusted = baseUrl.isEmpty() || isTrustedFile(baseUrl);
+    attachBridge(shellLoadTrusted);
+    setHtml(html, baseUrl);
+}
+
+void LWBridgePage::loadShellRequest(const QWebEngineHttpRequest &request)
+{
+    shellLoadPending = false;
+    attachBridge(isTrustedFile(request.url()));
+    load(request);
+}
+
+bool LWBridgePage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
+{
+    if (!isMainFrame)
+        return acceptSubFrame(url);
+    const bool fromShell = shellLoadPending && type == NavigationTypeTyped;
+    shellLoadPending = false;
+    const bool trusted = fromShell ? shellLoadTrusted : isTrustedFile(url);
+    if (!trusted && isBridgeAttached())
+        qInfo("Page at %s runs without the native bridge", qPrintable(url.toDisplayString().left(200)));
+    attachBridge(trusted);
+    return true;
+}
+
+bool LWBridgePage::acceptSubFrame(const QUrl &url) const
+{
+    // A frame inside a page holding the bridge stays local.
+    const bool local = isTrustedFile(url) || url.scheme() == QLatin1String("about")
+        || url.scheme() == QLatin1String("data");
+    if (isBridgeAttached() && !local) {
+        qInfo("Frame at %s refused inside a page with the native bridge", qPrintable(url.toDisplayString().left(200)));
+        return false;
+    }
+    return true;
+}
+
+void LWBridgePage::attachBridge(bool attach)
+{
+    if (attach != isBridgeAttached())
+        setWebChannel(attach ? bridge : nullptr);
+}
+
+bool LWBridgePage::isBridgeAttached() const
+{
+    return webChannel() != nullptr;
+}
+
+QString LWBridgePage::evaluate(const QString &script)
+{
+    // The answer outlives this call when the page answers after the timeout.
+    struct Answer
+    {
+        QString text;
+        bool finished = false;
+        QEventLoop loop;
+    };
+    const auto answer = std::make_shared<Answer>();
+    runJavaScript(script, [answer](const QVariant &value) {
+        if (value.typeId() == QMetaType::QString)
+            answer->text = value.toString();
+        answer->finished = true;
+        answer->loop.quit();
+    });
+    if (!answer->finished) {
+        QTimer::singleShot(evaluationTimeoutMilliseconds, &answer->loop, &QEventLoop::quit);
+        answer->loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    if (!answer->finished)
+        qWarning("Script evaluation gave no answer within %d s: %s", evaluationTimeoutMilliseconds / 1000,
+                 qPrintable(script.left(120)));
+    return answer->text;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+#include <QWebEnginePage>
+
+class QWebChannel;
+class QWebEngineHttpRequest;
+
+// A page that may reach the native backend published as "core". The channel
+// is attached only while the page shows local content the program trusts: a
+// file under the resource folder or the data root, or an HTML string the
+// program itself loads with no base or a trusted one. Any other navigation
+// (http, https, a page-made data: URL, a file elsewhere) detaches it first,
+// so such a page cannot call into the backend.
+class LWBridgePage : public QWebEnginePage
+{
+    Q_OBJECT
+
+public:
+    LWBridgePage(QWebChannel *channel, QObject *parent = nullptr);
+
+    // Loads an HTML string the program produced; baseUrl may be empty.
+    void loadShellHTML(const QString &html, const QUrl &baseUrl);
+
+    // Loads a file or remote address the program asked for.
+    void loadShellRequest(const QWebEngineHttpRequest &request);
+
+    // Evaluates script and waits for it; answers its value when it is a
+    // string, "" otherwise (and after a timeout, which is logged).
+    QString evaluate(const QString &script);
+
+    // Whether the current page can reach "core".
+    bool isBridgeAttached() const;
+
+    // Local files under the resource folder or the data root.
+    static bool isTrustedFile(const QUrl &url);
+
+protected:
+    bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
+
+private:
+    bool acceptSubFrame(const QUrl &url) const;
+    void attachBridge(bool attach);
+
+    QWebChannel *bridge;
+    bool shellLoadPending = false;
+    bool shellLoadTrusted = false;
+};

@@ -1,0 +1,127 @@
+#include "editor/ui/LWUtilityWebViewController.h"
+
+#include "app/LWShell.h"
+#include "editor/ui/LWBridgePage.h"
+#include "editor/ui/PageFile.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+#include <QUrl>
+#include <QWebChannel>
+#include <QWebEngineHttpRequest>
+#include <QWebEngineView>
+
+namespace {
+
+QUrl urlFromPathOrAddress(const QString &pathOrURL)
+{
+    return pathOrURL.startsWith(QLatin1Char('/')) ? QUrl::fromLocalFile(pathOrURL) : QUrl(pathOrURL);
+}
+
+QByteArray cookieHeader(const QVariantList &cookies)
+{
+    static const QStringList requiredKeys = {QStringLiteral("domain"), QStringLiteral("path"),
+                                             QStringLiteral("name"), QStringLiteral("value")};
+    QByteArrayList pairs;
+    for (const QVariant &cookie : cookies) {
+        const QVariantMap fields = cookie.toMap();
+        const bool complete = std::all_of(requiredKeys.begin(), requiredKeys.end(),
+                                          [&](const QString &key) { return fields.contains(key); });
+        if (!complete) {
+            qInfo("Cookie left out, it lacks one of domain, path, name, value");
+            continue;
+        }
+        pairs.append(fields.value(QStringLiteral("name")).toString().toUtf8() + '='
+                     + fields.value(QStringLiteral("value")).toString().toUtf8());
+    }
+    return pairs.join("; ");
+}
+
+}
+
+LWUtilityWebViewController::LWUtilityWebViewController(QObject *backend, QWidget *viewParent)
+    : QObject(viewParent),
+      channel(new QWebChannel(this)),
+      webView(new QWebEngineView(viewParent)),
+      bridgePage(new LWBridgePage(channel, webView))
+{
+    channel->registerObject(QStringLiteral("core"), backend);
+    webView->setPage(bridgePage);
+    connect(bridgePage, &QWebEnginePage::loadFinished, this, &LWUtilityWebViewController::finishLoad);
+}
+
+QString LWUtilityWebViewController::evaluate(const QString &script)
+{
+    return bridgePage->evaluate(script);
+}
+
+void LWUtilityWebViewController::loadHTML(const QString &html)
+{
+    mode.clear();
+    bridgePage->loadShellHTML(html, QUrl());
+}
+
+void LWUtilityWebViewController::loadHTML(const QString &html, const QString &basePath)
+{
+    const QUrl base = QUrl::fromLocalFile(PageFile::utilityPagePath()).resolved(QUrl(basePath));
+    qInfo("Loading URL: %s", qPrintable(base.toString()));
+    qInfo("PATH: %s", qPrintable(base.isLocalFile() ? base.toLocalFile() : base.toString()));
+    mode.clear();
+    bridgePage->loadShellHTML(html, base);
+}
+
+void LWUtilityWebViewController::loadHTMLFile(const QString &pathOrURL, const QVariantList &cookies)
+{
+    const QUrl url = urlFromPathOrAddress(pathOrURL);
+    qInfo("Loading HTML: %s\n(%s)", qPrintable(pathOrURL), qPrintable(url.toString()));
+    QWebEngineHttpRequest request(url);
+    const QByteArray cookiesValue = cookieHeader(cookies);
+    if (!cookiesValue.isEmpty())
+        request.setHeader("Cookie", cookiesValue);
+    mode.clear();
+    bridgePage->loadShellRequest(request);
+}
+
+void LWUtilityWebViewController::loadEditorHTML(const QString &editorText, const QString &editorModeName)
+{
+    content = editorText;
+    mode = editorModeName;
+    if (evaluate(QStringLiteral("lw.getMode();")) == mode) {
+        evaluate(QStringLiteral("lw.setState(%1);").arg(editorState()));
+        return;
+    }
+    const QString path = PageFile::utilityPagePath();
+    bridgePage->loadShellHTML(PageFile::text(path), QUrl::fromLocalFile(path));
+}
+
+QString LWUtilityWebViewController::editorState() const
+{
+    const QJsonObject state{{QStringLiteral("content"), content},
+                            {QStringLiteral("mode"), mode},
+                            {QStringLiteral("readOnly"), true}};
+    return QString::fromUtf8(QJsonDocument(state).toJson(QJsonDocument::Compact));
+}
+
+void LWUtilityWebViewController::finishLoad()
+{
+    if (LWShell *shell = LWShell::instance()) {
+        shell->openUtilityView();
+        shell->setStatusMessage(QString());
+        shell->setStatusSpinnerRunning(false);
+    }
+    if (!mode.isEmpty())
+        applyEditorLook();
+    emit pageLoaded();
+}
+
+void LWUtilityWebViewController::applyEditorLook()
+{
+    evaluate(QStringLiteral("lw.setState(%1);").arg(editorState()));
+    evaluate(QStringLiteral("$('.panel-tabs').hide();"));
+    LWShell *shell = LWShell::instance();
+    QString theme = shell ? shell->evaluateInEditor(QStringLiteral("lw.editor.renderer.$themeId")) : QString();
+    theme.remove(QStringLiteral("ace/theme/"));
+    evaluate(QStringLiteral("lw.setTheme('%1');").arg(theme));
+    evaluate(QStringLiteral("lw.editor.getSession().setUseWorker(false);"));
+}

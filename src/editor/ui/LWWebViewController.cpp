@@ -1,0 +1,32 @@
+#include "editor/ui/LWWebViewController.h"
+
+#include "app/LWPaths.h"
+#include "editor/ui/LWBridgePage.h"
+#include "editor/ui/PageFile.h"
+
+#include <QUrl>
+#include <QWebChannel>
+#include <QWebEngineView>
+
+LWWebViewController::LWWebViewController(QObject *backend, QWidget *viewParent)
+    : QObject(viewParent),
+      channel(new QWebChannel(this)),
+      webView(new QWebEngineView(viewParent)),
+      bridgePage(new LWBridgePage(channel, webView))
+{
+    channel->registerObject(QStringLiteral("core"), backend);
+    webView->setPage(bridgePage);
+    connect(bridgePage, &QWebEnginePage::loadFinished, this, &LWWebViewController::pageLoaded);
+    loadEditorPage();
+}
+
+void LWWebViewController::loadEditorPage()
+{
+    const QString path = LWPaths::dataPath(QStringLiteral("Data/Html/index.html"));
+    bridgePage->loadShellHTML(PageFile::text(path), QUrl::fromLocalFile(path));
+}
+
+QString LWWebViewController::evaluate(const QString &script)
+{
+    return bridgePage->evaluate(script);
+}
