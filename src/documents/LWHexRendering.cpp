@@ -1,24 +1,27 @@
 #include "documents/LWHexRendering.h"
 
+#include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace LWHexRendering {
 
 namespace {
 
 constexpr qsizetype BytesPerGroup = 4;
-constexpr qsizetype BytesPerLine = 32;
+constexpr qsizetype GroupsPerLine = 8;
 constexpr qsizetype CharsPerLine = 72;
 
-// Two hexadecimal digits per byte value, looked up rather than computed.
-const std::array<char16_t, 512> &digitPairs()
+// The two hexadecimal digits of each byte value as one 32-bit unit, so that
+// a byte is written with a single store.
+const std::array<quint32, 256> &digitPairs()
 {
-    static const std::array<char16_t, 512> table = [] {
-        std::array<char16_t, 512> pairs{};
+    static const std::array<quint32, 256> table = [] {
+        std::array<quint32, 256> pairs{};
         const char *digits = "0123456789abcdef";
         for (int value = 0; value < 256; ++value) {
-            pairs[2 * value] = char16_t(digits[value >> 4]);
-            pairs[2 * value + 1] = char16_t(digits[value & 15]);
+            const char16_t chars[2] = {char16_t(digits[value >> 4]), char16_t(digits[value & 15])};
+            std::memcpy(&pairs[value], chars, sizeof chars);
         }
         return pairs;
     }();
@@ -45,14 +48,15 @@ QString render(const QByteArray &bytes)
     const auto &pairs = digitPairs();
     const auto *in = reinterpret_cast<const unsigned char *>(bytes.constData());
     const qsizetype count = bytes.size();
-    for (qsizetype i = 0; i < count; ++i) {
-        if (i > 0 && i % BytesPerGroup == 0) {
+    for (qsizetype start = 0, group = 0; start < count; start += BytesPerGroup, ++group) {
+        if (group > 0) {
             *out++ = u' ';
-            if (i % BytesPerLine == 0)
+            if (group % GroupsPerLine == 0)
                 *out++ = u'\n';
         }
-        *out++ = pairs[2 * in[i]];
-        *out++ = pairs[2 * in[i] + 1];
+        const qsizetype end = std::min(start + BytesPerGroup, count);
+        for (qsizetype index = start; index < end; ++index, out += 2)
+            std::memcpy(out, &pairs[in[index]], sizeof(quint32));
     }
     return text;
 }
