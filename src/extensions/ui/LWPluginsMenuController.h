@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+class QWidget;
+class LWEnvironment;
+
+// The Plugins menu's actions: running a plugin (from its menu item, or the run
+// button's bound plugin), installing plugin and theme bundles the user picks,
+// revealing the user folder, and disabling plugins that cannot run sandboxed.
+class LWPluginsMenuController : public QObject
+{
+    Q_OBJECT
+
+public:
+    LWPluginsMenuController(LWEnvironment *environment, QWidget *window, QObject *parent = nullptr);
+
+    // Re-validates the menu's items (and its submenus') each time it opens.
+    void validateWhenShown(QMenu *menu);
+
+public slots:
+    // A menu item runs its represented plugin; any other sender (the run
+    // button or its key) runs the registry's run plugin.
+    void executePluginAction(QAction *sender = nullptr);
+    void installNewPluginAction();
+    void installNewThemeAction();
+    void openFolderInFinder();
+    // Disabled when sandboxed and the item's plugin has "nosandbox".
+    bool validateMenuItem(QAction *item) const;
+
+private:
+    // Asks for a bundle folder of the type; "" when cancelled.
+    QString chooseBundle(const QString &type) const;
+    // Asks for a bundle, adds it with the registry operation and confirms.
+    void installBundle(const QString &type, void (LWEnvironment::*add)(const QString &),
+                       const QString &message, const QString &userFolder);
+
+    LWEnvironment *environment;
+    QWidget *window;
+};
