@@ -172,6 +172,11 @@ QImage LWDocument::icon() const
     return iconPair ? iconPair->icon : QImage();
 }
 
+void LWDocument::setIcon(const QImage &icon)
+{
+    iconPair = icon.isNull() ? nullptr : std::make_shared<const LWIconPair>(LWIconPair{icon, QImage()});
+}
+
 QImage LWDocument::dimmedIcon() const
 {
     return iconPair ? iconPair->dimmed : QImage();
@@ -513,8 +518,7 @@ LWDocument::Ptr LWDocument::copy() const
     node->labelValue = labelValue;
     node->childList = childList;
     node->kind = kind;
-    node->iconPair = iconPair ? std::make_shared<const LWIconPair>(LWIconPair{iconPair->icon, QImage()})
-                              : nullptr;
+    node->setIcon(icon());
     node->pathValue = pathValue;
     node->fullPathValue = fullPathValue;
     node->contentValue = contentValue;

@@ -54,6 +54,9 @@ public:
     quint64 type() const { return kind; }
     void setType(quint64 type) { kind = type; }
     QImage icon() const;
+    // Stores the image as it is, without a dimmed rendering (updateIcon
+    // makes both).
+    void setIcon(const QImage &icon);
     QImage dimmedIcon() const;
     QString path() const { return pathValue; }
     void setPath(const QString &path) { pathValue = path; }

@@ -1,5 +1,6 @@
 #include "app/LWDefaults.h"
 #include "documents/LWDocument.h"
+#include "documents/LWDocumentArchive.h"
 #include "documents/LWDocumentManager.h"
 #include "support/DocumentFixtures.h"
 #include "support/RecordingShell.h"
@@ -51,6 +52,7 @@ private slots:
     void renamingUntitledChangesOnlyTheNode();
     void renamingOnDiskKeepsThePath();
     void jsonFormsAndCopy();
+    void archiveKeepsTheSubtreeAndRefusesDamage();
     void savingWritesTheEditorTextAndKeepsPermissions();
     void interruptedSaveLeavesOldOrNewContent();
 
@@ -252,6 +254,35 @@ void tst_LWDocument::jsonFormsAndCopy()
     QVERIFY(!fileCopy->icon().isNull());
     QVERIFY(fileCopy->dimmedIcon().isNull());
     QCOMPARE(file->icon().size(), QSize(15, 15));
+}
+
+void tst_LWDocument::archiveKeepsTheSubtreeAndRefusesDamage()
+{
+    fixtures->write("proj/sub/a.py", "A");
+    LWDocument::Ptr group = LWDocument::groupFromPath(fixtures->path("proj"));
+    LWDocument::Ptr file = group->childWithLabel(QStringLiteral("a.py"));
+    file->setContent(QStringLiteral("edited"));
+    file->setSaved(false);
+    group->addChildDocument(LWDocument::emptyFile());
+
+    const QByteArray data = LWDocumentArchive::archive(*group);
+    const LWDocument::Ptr copy = LWDocumentArchive::unarchive(data);
+    QVERIFY(copy);
+    QCOMPARE(labels(copy->children()), QStringList({"sub", "Untitled"}));
+    const LWDocument::Ptr copiedFile = copy->childWithFullPath(file->fullPath());
+    QVERIFY(copiedFile && copiedFile != file);
+    QCOMPARE(copiedFile->content(), file->content());
+    QCOMPARE(copiedFile->specName(), QStringLiteral("Python"));
+    QCOMPARE(copiedFile->path(), QStringLiteral("sub"));
+    QVERIFY(!copiedFile->saved());
+    QCOMPARE(copiedFile->parent()->parent(), copy);
+    QCOMPARE(copiedFile->icon().size(), QSize(15, 15));
+    QVERIFY(copiedFile->dimmedIcon().isNull());
+    QVERIFY(!copy->childAtIndex(1)->content());
+    QVERIFY(!copy->parent());
+
+    QVERIFY(!LWDocumentArchive::unarchive(data.left(data.size() / 2)));
+    QVERIFY(!LWDocumentArchive::unarchive(QByteArray("not an archive")));
 }
 
 void tst_LWDocument::savingWritesTheEditorTextAndKeepsPermissions()
