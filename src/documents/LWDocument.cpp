@@ -268,7 +268,13 @@ void LWDocument::writeContent()
     }
     if (!contentValue || fullPathValue.isEmpty())
         return;
-    LWSafeSave::write(fullPathValue, LWTextEncoding::encode(*contentValue, LWTextEncoding::defaultEncoding()));
+    const auto bytes = LWTextEncoding::encode(*contentValue, LWTextEncoding::defaultEncoding());
+    if (!bytes) {
+        qWarning().noquote() << QStringLiteral("Could not save %1: the text has characters the chosen encoding "
+                                               "cannot hold").arg(fullPathValue);
+        return;
+    }
+    LWSafeSave::write(fullPathValue, *bytes);
 }
 
 // MARK: renaming

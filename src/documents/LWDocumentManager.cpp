@@ -1,5 +1,6 @@
 #include "documents/LWDocumentManager.h"
 
+#include "app/LWDefaults.h"
 #include "app/LWShell.h"
 #include "documents/LWImagePreview.h"
 
@@ -10,6 +11,7 @@
 namespace {
 
 LWDocumentManager *sharedManager = nullptr;
+const QString RememberedKey = QStringLiteral("LW_PreviouslyOpened");
 
 }
 
@@ -58,6 +60,18 @@ std::unique_ptr<LWDocumentManager> LWDocumentManager::newWithPaths(const QString
     if (LWShell *shell = LWShell::instance())
         shell->addTabWithDocument(LWDocument::emptyFile());
     return manager;
+}
+
+std::unique_ptr<LWDocumentManager> LWDocumentManager::newWithRememberedWorkspace()
+{
+    const QStringList paths = LWDocumentTree::restorablePaths(LWDefaults::shared()->arrayForKey(RememberedKey));
+    return paths.isEmpty() ? newWithUntitled() : newWithPaths(paths);
+}
+
+void LWDocumentManager::rememberWorkspace() const
+{
+    LWDefaults::shared()->setObject(RememberedKey, tree.rememberedPaths());
+    LWDefaults::shared()->synchronize();
 }
 
 std::unique_ptr<LWDocumentManager> LWDocumentManager::copy() const

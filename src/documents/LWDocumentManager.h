@@ -30,6 +30,13 @@ public:
     // an untitled file outside the tree is shown meanwhile.
     static std::unique_ptr<LWDocumentManager> newWithPaths(const QStringList &paths);
 
+    // The workspace of the last run: the remembered paths that still exist,
+    // imported as by newWithPaths, or one untitled file when none is left.
+    static std::unique_ptr<LWDocumentManager> newWithRememberedWorkspace();
+    // Stores the paths to reopen ("LW_PreviouslyOpened") and writes the
+    // settings out at once.
+    void rememberWorkspace() const;
+
     // A manager over a copy of this one's tree, without a current document.
     std::unique_ptr<LWDocumentManager> copy() const;
 

@@ -120,9 +120,10 @@ void LWFolderLoader::loadChildren(LWDocument &folder, const QString &folderPath)
     }
     folders.insert(folders.end(), others.begin(), others.end());
 
-    // Every child shares one relative-directory text.
+    // Every child shares one relative-directory text; any child name gives
+    // the same directory.
     const QString childDirectory = LWPathText::relativeDirectory(
-        DirectoryReader::join(folderPath, QStringLiteral("x")), root);
+        DirectoryReader::join(folderPath, QStringLiteral("child")), root);
     LWDocument::List children;
     children.reserve(folders.size());
     for (const auto &[name, isFolder] : folders) {

@@ -63,11 +63,14 @@ std::optional<QString> decode(const QByteArray &bytes, quint64 encoding)
     return text;
 }
 
-QByteArray encode(const QString &text, quint64 encoding)
+std::optional<QByteArray> encode(const QString &text, quint64 encoding)
 {
     const auto qt = qtEncoding(encoding);
     QStringEncoder encoder(qt.value_or(QStringConverter::Latin1));
-    return encoder.encode(text);
+    const QByteArray bytes = encoder.encode(text);
+    if (encoder.hasError() || (!qt && !isAscii(bytes)))
+        return std::nullopt;
+    return bytes;
 }
 
 }

@@ -17,7 +17,8 @@ quint64 defaultEncoding();
 // The text of the bytes, or nothing when they are not valid in the encoding.
 std::optional<QString> decode(const QByteArray &bytes, quint64 encoding);
 
-// The text as bytes in the encoding.
-QByteArray encode(const QString &text, quint64 encoding);
+// The text as bytes in the encoding, or nothing when some character has no
+// form in it (writing a substitute would lose that text).
+std::optional<QByteArray> encode(const QString &text, quint64 encoding);
 
 }

@@ -307,6 +307,14 @@ void tst_LWDocument::savingWritesTheEditorTextAndKeepsPermissions()
     shell.scriptAnswer = QStringLiteral("not json");
     file->save();
     QCOMPARE(DocumentFixtures::read(path), QByteArray("new text"));
+
+    LWDefaults::shared()->setInteger(QStringLiteral("LW_DefaultEncoding"), 5);
+    shell.scriptAnswer = QStringLiteral("{\"content\": \"caf\u00e9 \u20ac\"}");
+    file->save();
+    QCOMPARE(DocumentFixtures::read(path), QByteArray("new text"));
+    shell.scriptAnswer = QStringLiteral("{\"content\": \"caf\u00e9\"}");
+    file->save();
+    QCOMPARE(DocumentFixtures::read(path), QByteArray("caf\xe9"));
 }
 
 void tst_LWDocument::interruptedSaveLeavesOldOrNewContent()

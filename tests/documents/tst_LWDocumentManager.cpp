@@ -1,3 +1,4 @@
+#include "app/LWDefaults.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWFileMenuController.h"
 #include "support/DocumentFixtures.h"
@@ -41,6 +42,7 @@ private slots:
     void imagesReplaceTheEditor();
     void untitledWorkspaceStartsWithACopy();
     void startupImportReportsEachPath();
+    void workspaceIsRememberedBetweenRuns();
     void newAndOpenAddToTheWorkspace();
     void saveGoesThroughTheDialogForUntitled();
     void openInNewTabNeedsASelectedFile();
@@ -136,6 +138,29 @@ void tst_LWDocumentManager::startupImportReportsEachPath()
     QCOMPARE(shell->alerts.size(), 1);
     QCOMPARE(manager->documentTree().rememberedPaths(), QStringList({first, folder}));
     QVERIFY(!manager->currentDocument());
+}
+
+void tst_LWDocumentManager::workspaceIsRememberedBetweenRuns()
+{
+    const QString kept = fixtures->write("kept.txt");
+    const QString gone = fixtures->write("gone.txt");
+    LWDocumentManager manager;
+    manager.documentTree().addFromPath(kept);
+    manager.documentTree().addFromPath(gone);
+    manager.documentTree().addEmpty();
+    manager.rememberWorkspace();
+    QCOMPARE(LWDefaults::shared()->arrayForKey(QStringLiteral("LW_PreviouslyOpened")), QStringList({kept, gone}));
+
+    QFile::remove(gone);
+    const auto restored = LWDocumentManager::newWithRememberedWorkspace();
+    QSignalSpy finished(restored.get(), &LWDocumentManager::importFinished);
+    QVERIFY(finished.wait(5000));
+    QCOMPARE(restored->documentTree().rememberedPaths(), QStringList({kept}));
+
+    QFile::remove(kept);
+    const auto untitled = LWDocumentManager::newWithRememberedWorkspace();
+    QCOMPARE(untitled->currentDocument()->label(), QStringLiteral("Untitled"));
+    LWDefaults::shared()->removeObjectForKey(QStringLiteral("LW_PreviouslyOpened"));
 }
 
 void tst_LWDocumentManager::newAndOpenAddToTheWorkspace()
