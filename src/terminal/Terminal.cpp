@@ -5,7 +5,7 @@
 #include "terminal/Utf8ChannelReader.h"
 
 #include <QDebug>
-#include <QEventLoop>
+#include <QCoreApplication>
 
 namespace {
 const QString profileMessage = QStringLiteral("/etc/profile: Operation not permitted");
@@ -35,13 +35,10 @@ void Terminal::asyncExec(const QString &command, const QStringList &args, Handle
 void Terminal::asyncExecReturn(const QString &program, const QStringList &args, Handler action)
 {
     start(program, args, std::move(action), Delivery::Collect);
-    QPointer<QProcess> process = currentTask;
-    if (process && process->state() != QProcess::NotRunning) {
-        QEventLoop waiting;
-        connect(process, &QProcess::finished, &waiting, &QEventLoop::quit);
-        connect(process, &QObject::destroyed, &waiting, &QEventLoop::quit);
-        waiting.exec();
-    }
+    // Wait until this run has ended or another run has taken its place.
+    const QPointer<QProcess> process = currentTask;
+    while (process && process == currentTask)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     collected.clear();
 }
 
