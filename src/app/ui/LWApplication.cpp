@@ -1,7 +1,9 @@
 #include "app/ui/LWApplication.h"
 
+#include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/WindowScreenshot.h"
+#include "editor/ui/LWWebViewController.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -10,7 +12,13 @@ namespace LWApplication {
 
 namespace {
 
-QString screenshotPathFrom(const QApplication &app)
+struct Options
+{
+    QString screenshotPath;
+    QStringList paths;
+};
+
+Options parse(const QApplication &app)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Larkwood, a text editor for programmers"));
@@ -21,7 +29,7 @@ QString screenshotPathFrom(const QApplication &app)
     parser.addPositionalArgument(QStringLiteral("paths"), QStringLiteral("Files and folders to open."),
                                  QStringLiteral("[paths...]"));
     parser.process(app);
-    return parser.value(QStringLiteral("screenshot"));
+    return {parser.value(QStringLiteral("screenshot")), parser.positionalArguments()};
 }
 
 }
@@ -33,12 +41,13 @@ int run(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("Larkwood"));
     QApplication::setOrganizationName(QStringLiteral("Larkwood"));
 
-    const QString screenshotPath = screenshotPathFrom(app);
-    LWMainWindow window;
-    window.resize(1200, 800);
-    window.show();
-    if (!screenshotPath.isEmpty())
-        WindowScreenshot::takeWhenEditorReady(&window, window.editorView(), screenshotPath);
+    const Options options = parse(app);
+    LWAppDelegate delegate(options.paths);
+    LWMainWindow *window = delegate.window();
+    window->resize(1200, 800);
+    window->show();
+    if (!options.screenshotPath.isEmpty())
+        WindowScreenshot::takeWhenEditorReady(window, delegate.webView()->view(), options.screenshotPath);
     return app.exec();
 }
 

@@ -1,14 +1,202 @@
 #include "app/ui/LWMainWindow.h"
 
-#include "app/LWPaths.h"
+#include "app/ui/DocumentTabs.h"
+#include "app/ui/WorkspaceOutline.h"
 
-#include <QUrl>
-#include <QWebEngineView>
+#include <QHBoxLayout>
+#include <QImage>
+#include <QLabel>
+#include <QMenu>
+#include <QPixmap>
+#include <QProgressBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QVBoxLayout>
 
-LWMainWindow::LWMainWindow(QWidget *parent)
-    : QMainWindow(parent), editor(new QWebEngineView(this))
+namespace {
+
+constexpr int spinnerWidth = 60;
+
+QProgressBar *spinner(QWidget *parent)
+{
+    auto *bar = new QProgressBar(parent);
+    bar->setRange(0, 1);
+    bar->setTextVisible(false);
+    bar->setFixedWidth(spinnerWidth);
+    bar->setMaximumHeight(12);
+    return bar;
+}
+
+}
+
+LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *parent)
+    : QMainWindow(parent), editor(editorView)
 {
     setWindowTitle(QStringLiteral("Larkwood"));
-    setCentralWidget(editor);
-    editor->load(QUrl::fromLocalFile(LWPaths::resourcePath(QStringLiteral("Data/Html/index.html"))));
+    workspaceOutline = new WorkspaceOutline(this);
+    verticalSplit = new QSplitter(Qt::Vertical, this);
+    verticalSplit->addWidget(buildEditorArea());
+    verticalSplit->addWidget(buildUtilityPane(utilityView));
+    verticalSplit->setCollapsible(0, false);
+    auto *horizontalSplit = new QSplitter(Qt::Horizontal, this);
+    horizontalSplit->addWidget(workspaceOutline);
+    horizontalSplit->addWidget(verticalSplit);
+    horizontalSplit->setStretchFactor(1, 1);
+    horizontalSplit->setSizes({220, 980});
+    setCentralWidget(horizontalSplit);
+    buildStatusBar();
+    utilityPane->hide();
+}
+
+QWidget *LWMainWindow::buildEditorArea()
+{
+    auto *area = new QWidget(this);
+    auto *layout = new QVBoxLayout(area);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    documentTabs = new DocumentTabs(area);
+    loadingSpinner = spinner(area);
+    loadingSpinner->setRange(0, 0);
+    loadingSpinner->hide();
+    runButton = new QToolButton(area);
+    runButton->setText(QStringLiteral("Run"));
+    runButton->setShortcut(QKeySequence(QStringLiteral("Ctrl+R")));
+    runButton->hide();
+    connect(runButton, &QToolButton::clicked, this, &LWMainWindow::runRequested);
+    auto *tabRow = new QHBoxLayout;
+    tabRow->addWidget(documentTabs, 1);
+    tabRow->addWidget(loadingSpinner);
+    tabRow->addWidget(runButton);
+    layout->addLayout(tabRow);
+    editorStack = new QStackedWidget(area);
+    imagePreview = new QLabel(editorStack);
+    imagePreview->setAlignment(Qt::AlignCenter);
+    editorStack->addWidget(editor);
+    editorStack->addWidget(imagePreview);
+    layout->addWidget(editorStack, 1);
+    return area;
+}
+
+QWidget *LWMainWindow::buildUtilityPane(QWidget *utilityView)
+{
+    utilityPane = new QWidget(this);
+    auto *layout = new QVBoxLayout(utilityPane);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto *header = new QHBoxLayout;
+    header->setContentsMargins(6, 2, 6, 2);
+    utilityLabel = new QLabel(utilityPane);
+    pluginMenuButton = new QToolButton(utilityPane);
+    pluginMenuButton->setText(QStringLiteral("Plugin"));
+    pluginMenuButton->setPopupMode(QToolButton::InstantPopup);
+    auto *menu = new QMenu(pluginMenuButton);
+    menu->addAction(QStringLiteral("Plugin"))->setEnabled(false);
+    connect(menu, &QMenu::triggered, this, [this](QAction *item) { emit pluginMenuItemChosen(item->text()); });
+    pluginMenuButton->setMenu(menu);
+    pluginMenuButton->hide();
+    header->addWidget(utilityLabel, 1);
+    header->addWidget(pluginMenuButton);
+    layout->addLayout(header);
+    layout->addWidget(utilityView, 1);
+    return utilityPane;
+}
+
+void LWMainWindow::buildStatusBar()
+{
+    statusMessage = new QLabel(this);
+    statusSpinner = spinner(this);
+    specLabel = new QLabel(this);
+    locationField = new QLabel(this);
+    statusBar()->addWidget(statusMessage, 1);
+    statusBar()->addWidget(statusSpinner);
+    statusBar()->addPermanentWidget(specLabel);
+    statusBar()->addPermanentWidget(locationField);
+    statusSpinner->hide();
+}
+
+void LWMainWindow::setStatusMessage(const QString &message)
+{
+    statusMessage->setText(message);
+    statusMessage->setVisible(!message.isEmpty());
+}
+
+void LWMainWindow::setStatusMessageVisible(bool visible)
+{
+    statusMessage->setVisible(visible);
+}
+
+void LWMainWindow::setSpinnerRunning(bool running)
+{
+    statusSpinner->setRange(0, running ? 0 : 1);
+    statusSpinner->setVisible(running);
+}
+
+void LWMainWindow::setSpinnerVisible(bool visible)
+{
+    statusSpinner->setVisible(visible);
+}
+
+void LWMainWindow::setLocationText(const QString &text)
+{
+    locationField->setText(text);
+}
+
+void LWMainWindow::setSpecTitle(const QString &title)
+{
+    specLabel->setText(title);
+}
+
+void LWMainWindow::showEditor()
+{
+    editorStack->setCurrentWidget(editor);
+}
+
+void LWMainWindow::showImage(const QImage &image)
+{
+    imagePreview->setPixmap(QPixmap::fromImage(image));
+    editorStack->setCurrentWidget(imagePreview);
+}
+
+void LWMainWindow::setLoadingSpinnerVisible(bool visible)
+{
+    loadingSpinner->setVisible(visible);
+}
+
+void LWMainWindow::setRunButtonVisible(bool visible)
+{
+    runButton->setVisible(visible);
+}
+
+bool LWMainWindow::isUtilityVisible() const
+{
+    return !utilityPane->isHidden();
+}
+
+void LWMainWindow::setUtilityVisible(bool visible)
+{
+    if (visible == isUtilityVisible())
+        return;
+    utilityPane->setVisible(visible);
+    if (visible) {
+        const int height = verticalSplit->height();
+        verticalSplit->setSizes({height * 2 / 3, height / 3});
+    }
+}
+
+void LWMainWindow::setUtilityLabel(const QString &label)
+{
+    utilityLabel->setText(label);
+}
+
+void LWMainWindow::setPluginMenuTitles(const QStringList &titles)
+{
+    QMenu *menu = pluginMenuButton->menu();
+    const QList<QAction *> items = menu->actions();
+    for (int i = 1; i < items.size(); ++i)
+        delete items.at(i);
+    for (const QString &title : titles)
+        menu->addAction(title);
+    pluginMenuButton->setVisible(!titles.isEmpty());
 }

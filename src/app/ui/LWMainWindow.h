@@ -1,18 +1,76 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QStringList>
 
-class QWebEngineView;
+class DocumentTabs;
+class QImage;
+class QLabel;
+class QProgressBar;
+class QSplitter;
+class QStackedWidget;
+class QToolButton;
+class WorkspaceOutline;
 
-// The editor window: the editor page fills the window.
+// The editor window: the workspace outline on the left; on the right the tab
+// bar over the editor page (or an image preview in its place) and, under a
+// splitter, the utility pane with its label, plugin pop-up and page; a status
+// bar with the status message, its spinner, the language and the location.
 class LWMainWindow : public QMainWindow
 {
     Q_OBJECT
-public:
-    explicit LWMainWindow(QWidget *parent = nullptr);
 
-    QWebEngineView *editorView() const { return editor; }
+public:
+    LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *parent = nullptr);
+
+    QWidget *editorView() const { return editor; }
+    WorkspaceOutline *outline() const { return workspaceOutline; }
+    DocumentTabs *tabs() const { return documentTabs; }
+
+    // Status bar.
+    void setStatusMessage(const QString &message);
+    void setStatusMessageVisible(bool visible);
+    void setSpinnerRunning(bool running);
+    void setSpinnerVisible(bool visible);
+    void setLocationText(const QString &text);
+    void setSpecTitle(const QString &title);
+
+    // Editor area.
+    void showEditor();
+    void showImage(const QImage &image);
+    void setLoadingSpinnerVisible(bool visible);
+    // The button that runs the plugin bound to the current language.
+    void setRunButtonVisible(bool visible);
+
+    // Utility pane: opening gives it a third of the height the first time.
+    bool isUtilityVisible() const;
+    void setUtilityVisible(bool visible);
+    void setUtilityLabel(const QString &label);
+    // Hidden for no titles; otherwise the titles follow the pop-up's title item.
+    void setPluginMenuTitles(const QStringList &titles);
+
+signals:
+    void pluginMenuItemChosen(const QString &title);
+    void runRequested();
 
 private:
-    QWebEngineView *editor;
+    QWidget *buildEditorArea();
+    QWidget *buildUtilityPane(QWidget *utilityView);
+    void buildStatusBar();
+
+    QWidget *editor;
+    WorkspaceOutline *workspaceOutline;
+    DocumentTabs *documentTabs;
+    QStackedWidget *editorStack;
+    QLabel *imagePreview;
+    QProgressBar *loadingSpinner;
+    QToolButton *runButton;
+    QSplitter *verticalSplit;
+    QWidget *utilityPane;
+    QLabel *utilityLabel;
+    QToolButton *pluginMenuButton;
+    QLabel *statusMessage;
+    QProgressBar *statusSpinner;
+    QLabel *specLabel;
+    QLabel *locationField;
 };

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "documents/LWDocument.h"
+
+#include <QTabBar>
+
+#include <vector>
+
+// The tab bar over the editor: one tab per opened node; choosing a tab
+// reports its node.
+class DocumentTabs : public QTabBar
+{
+    Q_OBJECT
+
+public:
+    explicit DocumentTabs(QWidget *parent = nullptr);
+
+    // Adds a tab for the node and makes it the current one.
+    void addDocument(const LWDocument::Ptr &document);
+
+signals:
+    void documentChosen(const LWDocument::Ptr &document);
+
+private:
+    std::vector<std::weak_ptr<LWDocument>> documents;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QVariantList>
+
+class LWDocumentMenuController;
+class LWEditMenuController;
+class LWEnvironment;
+class LWFindMenuController;
+class LWViewMenuController;
+class QMenuBar;
+
+// The Edit, Document, View and Find menus with their keyboard shortcuts.
+// Every item carries its action's name as object name, calls the controller's
+// slot of that name with itself when chosen, and is validated by the
+// controller each time its menu opens.
+namespace EditorMenus {
+
+struct Controllers
+{
+    LWEditMenuController *edit;
+    LWDocumentMenuController *document;
+    LWViewMenuController *view;
+    LWFindMenuController *find;
+};
+
+void build(QMenuBar *bar, const Controllers &controllers, const LWEnvironment *environment);
+
+}

@@ -1,0 +1,96 @@
+#include "app/ui/LWAppDelegate.h"
+
+#include "app/LWDefaults.h"
+#include "app/LWDefaultsController.h"
+#include "app/ui/DocumentTabs.h"
+#include "app/ui/EditorMenus.h"
+#include "app/ui/LWMainWindow.h"
+#include "app/ui/WorkspaceOutline.h"
+#include "documents/LWDocumentManager.h"
+#include "documents/LWDocumentTree.h"
+#include "editor/LWBackend.h"
+#include "editor/LWDocumentMenuController.h"
+#include "editor/LWEditMenuController.h"
+#include "editor/LWFindMenuController.h"
+#include "editor/LWViewMenuController.h"
+#include "editor/StoredEditorSettings.h"
+#include "editor/ui/LWUtilityWebViewController.h"
+#include "editor/ui/LWWebViewController.h"
+#include "extensions/LWEnvironment.h"
+
+#include <QMenuBar>
+#include <QWebEngineView>
+
+LWAppDelegate::LWAppDelegate(const QStringList &paths)
+    : launchPaths(paths),
+      environment(std::make_unique<LWEnvironment>()),
+      bridge(std::make_unique<LWBackend>()),
+      defaultsController(std::make_unique<LWDefaultsController>()),
+      documents(std::make_unique<LWDocumentManager>())
+{
+    LWEnvironment::setShared(environment.get());
+    environment->load();
+    LWDocumentManager::setShared(documents.get());
+    editMenu = std::make_unique<LWEditMenuController>();
+    documentMenu = std::make_unique<LWDocumentMenuController>([this] { return documents->currentDocument(); });
+    viewMenu = std::make_unique<LWViewMenuController>();
+    findMenu = std::make_unique<LWFindMenuController>();
+    editorPage = std::make_unique<LWWebViewController>(bridge.get(), nullptr);
+    utilityPage = std::make_unique<LWUtilityWebViewController>(bridge.get(), nullptr);
+    buildWindow();
+    LWShell::setInstance(this);
+    connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
+}
+
+LWAppDelegate::~LWAppDelegate()
+{
+    mainWindow.reset();
+    LWDocumentManager::setShared(nullptr);
+    LWEnvironment::setShared(nullptr);
+    if (LWShell::instance() == this)
+        LWShell::setInstance(nullptr);
+}
+
+void LWAppDelegate::buildWindow()
+{
+    mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
+    EditorMenus::build(mainWindow->menuBar(), {editMenu.get(), documentMenu.get(), viewMenu.get(), findMenu.get()},
+                       environment.get());
+    connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
+            &LWBackend::utilityViewMenuItemClicked_);
+    connect(mainWindow.get(), &LWMainWindow::runRequested, bridge.get(), &LWBackend::execRun);
+    connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::switchTo);
+    connect(mainWindow->tabs(), &DocumentTabs::documentChosen, this, &LWAppDelegate::switchTo);
+}
+
+// The editor page has loaded: the first time, build the workspace (the
+// command line's paths, else the remembered ones, else one untitled file),
+// show its current document and apply the stored settings.
+void LWAppDelegate::postProcess()
+{
+    if (started)
+        return;
+    started = true;
+    const QStringList paths = startupPaths();
+    documents = paths.isEmpty() ? LWDocumentManager::newWithUntitled() : LWDocumentManager::newWithPaths(paths);
+    LWDocumentManager::setShared(documents.get());
+    if (const std::shared_ptr<LWDocument> current = documents->currentDocument())
+        switchTo(current);
+    StoredEditorSettings::apply(*viewMenu, *findMenu);
+    emit editorReady();
+}
+
+QStringList LWAppDelegate::startupPaths() const
+{
+    if (!launchPaths.isEmpty())
+        return launchPaths;
+    const LWDefaults *defaults = LWDefaults::shared();
+    if (defaults->integerForKey(QStringLiteral("LW_DoAtStartup")) != 0)
+        return {};
+    return LWDocumentTree::restorablePaths(defaults->arrayForKey(QStringLiteral("LW_PreviouslyOpened")));
+}
+
+void LWAppDelegate::switchTo(const std::shared_ptr<LWDocument> &document)
+{
+    documents->switchToDoc(document);
+}

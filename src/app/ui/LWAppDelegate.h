@@ -1,0 +1,115 @@
+#pragma once
+
+#include "app/LWShell.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+class LWBackend;
+class LWDefaultsController;
+class LWDocumentManager;
+class LWDocumentMenuController;
+class LWEditMenuController;
+class LWEnvironment;
+class LWFindMenuController;
+class LWMainWindow;
+class LWUtilityWebViewController;
+class LWViewMenuController;
+class LWWebViewController;
+
+// The application's service locator and its window: creates the shared
+// collaborators in start-up order (registry, backend, defaults, pages, menu
+// controllers, window), builds the workspace once the editor page has
+// loaded, applies the stored settings to the page, and answers the core
+// library's requests of the window (LWShell).
+class LWAppDelegate : public QObject, public LWShell
+{
+    Q_OBJECT
+
+public:
+    // paths: files and folders handed over on the command line.
+    explicit LWAppDelegate(const QStringList &paths);
+    ~LWAppDelegate() override;
+
+    LWMainWindow *window() const { return mainWindow.get(); }
+    LWBackend *backend() const { return bridge.get(); }
+    LWWebViewController *webView() const { return editorPage.get(); }
+    LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
+    LWDocumentManager *documentManager() const { return documents.get(); }
+
+    // --- LWShell
+    QString evaluateInEditor(const QString &script) override;
+    QString evaluateInUtility(const QString &script) override;
+    void setStatusMessage(const QString &message) override;
+    void setStatusSpinnerRunning(bool running) override;
+    void setLocationText(const QString &text) override;
+    void showAlert(const QString &title, const QString &informativeText) override;
+    void setRunButtonVisible(bool visible) override;
+    void updateThemesMenu() override;
+    void showAlert(const QString &title, const QString &informativeText,
+                   const std::function<void()> &dismissed) override;
+    void showConfirmation(const QString &title, const QString &informativeText,
+                          const std::function<void(int)> &answered) override;
+    void showInput(const QString &title, const QString &defaultValue,
+                   const std::function<void(const QString &)> &accepted) override;
+    void showSlider(const QString &title, double minimum, double maximum, double value,
+                    const std::function<void(double)> &moved, const std::function<void(double)> &accepted) override;
+    bool isUtilityViewVisible() override;
+    void openUtilityView() override;
+    void closeUtilityView() override;
+    void setUtilityLabel(const QString &label) override;
+    void loadUtilityHTML(const QString &html) override;
+    void loadUtilityHTML(const QString &html, const QString &basePath) override;
+    void loadUtilityHTMLFile(const QString &pathOrURL, const QVariantList &cookies) override;
+    void loadUtilityEditor(const QString &content, const QString &mode) override;
+    void setUtilityPluginMenu(const QStringList &titles) override;
+    void setSpecPopupTitle(const QString &title) override;
+    void updatePluginMenusForSpec(LWSpec *spec) override;
+    void setWindowTitle(const QString &title) override;
+    void setLoadingSpinnerVisible(bool visible) override;
+    void showEditorView() override;
+    void showImagePreview(const QImage &image) override;
+    void setStatusMessageVisible(bool visible) override;
+    void setStatusSpinnerVisible(bool visible) override;
+    void reloadOutline() override;
+    void selectInOutline(const std::shared_ptr<LWDocument> &document) override;
+    void expandInOutline(const std::shared_ptr<LWDocument> &document, bool withChildren) override;
+    std::shared_ptr<LWDocument> selectedInOutline() override;
+    void openOutlineSelectionInNewTab() override;
+    void addTabWithDocument(const std::shared_ptr<LWDocument> &document) override;
+    void setSelectedTabTitle(const QString &title) override;
+    void setDocumentToSelect(const std::shared_ptr<LWDocument> &document) override;
+    void noteRecentDocument(const QString &path) override;
+    void showOpenDialog(bool files, bool folders, const QStringList &fileTypes,
+                        const std::function<void(const QString &)> &chosen) override;
+    void showSaveDialog(const std::function<void(const QString &)> &chosen) override;
+    void printText(const QString &text) override;
+
+signals:
+    // The workspace is built and the stored settings are applied.
+    void editorReady();
+
+private:
+    void buildWindow();
+    void postProcess();
+    QStringList startupPaths() const;
+    void switchTo(const std::shared_ptr<LWDocument> &document);
+
+    QStringList launchPaths;
+    bool started = false;
+    std::shared_ptr<LWDocument> documentToSelect;
+    std::unique_ptr<LWEnvironment> environment;
+    std::unique_ptr<LWBackend> bridge;
+    std::unique_ptr<LWDefaultsController> defaultsController;
+    std::unique_ptr<LWDocumentManager> documents;
+    std::unique_ptr<LWEditMenuController> editMenu;
+    std::unique_ptr<LWDocumentMenuController> documentMenu;
+    std::unique_ptr<LWViewMenuController> viewMenu;
+    std::unique_ptr<LWFindMenuController> findMenu;
+    std::unique_ptr<LWWebViewController> editorPage;
+    std::unique_ptr<LWUtilityWebViewController> utilityPage;
+    // Declared last so that the window and its pages go before the channels.
+    std::unique_ptr<LWMainWindow> mainWindow;
+};
