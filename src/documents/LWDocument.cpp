@@ -463,6 +463,9 @@ quint64 LWDocument::indexOfChild(const Ptr &child) const
 
 const LWDocument::List &LWDocument::filteredChildren(const QString &filter) const
 {
+    static const List none;
+    if (childList.empty())
+        return none;
     if (!filterCache)
         filterCache = std::make_unique<LWDocumentFilterCache>();
     if (const List *cached = filterCache->lookup(filter))

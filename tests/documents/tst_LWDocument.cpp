@@ -298,6 +298,15 @@ void tst_LWDocument::savingWritesTheEditorTextAndKeepsPermissions()
     QVERIFY(QFileInfo(path).permissions() & QFile::ExeOwner);
     QVERIFY(file->saved());
     QCOMPARE(shell.editorScripts, QStringList({"lw.getState()", "$Events.exec('documentSaved');"}));
+    const QString link = fixtures->path("link.sh");
+    QVERIFY(QFile::link(path, link));
+    LWDocument::Ptr linked = fileAt(link);
+    linked->setContent(QStringLiteral("through the link"));
+    linked->saveWithoutState();
+    QVERIFY(QFileInfo(link).isSymLink());
+    QCOMPARE(DocumentFixtures::read(path), QByteArray("through the link"));
+    linked->setContent(QStringLiteral("new text"));
+    linked->saveWithoutState();
 
     LWDocument::Ptr binary = fileAt(fixtures->write("blob.bin", "\xff\xfe"));
     binary->getContent();
