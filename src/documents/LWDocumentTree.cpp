@@ -3,6 +3,8 @@
 #include "app/LWShell.h"
 #include "documents/FileManager.h"
 
+#include <QtDebug>
+
 #include <algorithm>
 
 LWDocumentTree LWDocumentTree::emptyTree()
@@ -50,13 +52,17 @@ bool LWDocumentTree::folderAlreadyExists(const QString &path) const
 
 LWDocument::Ptr LWDocumentTree::addFromPath(const QString &path)
 {
-    if (refusesDuplicate(path, FileManager::isFolder(path)))
+    if (!path.isEmpty() && refusesDuplicate(path, FileManager::isFolder(path)))
         return nullptr;
     return adoptImported(path, nodeFromPath(path, LWImportSettings::fromDefaults()));
 }
 
 LWDocument::Ptr LWDocumentTree::nodeFromPath(const QString &path, const LWImportSettings &settings)
 {
+    if (path.isEmpty()) {
+        qWarning("Nothing to import: the path is empty");
+        return nullptr;
+    }
     if (FileManager::isFolder(path))
         return LWFolderLoader(path, settings).groupNode(path);
     return LWFolderLoader(QString(), settings).fileNode(path);
@@ -64,7 +70,7 @@ LWDocument::Ptr LWDocumentTree::nodeFromPath(const QString &path, const LWImport
 
 LWDocument::Ptr LWDocumentTree::adoptImported(const QString &path, const LWDocument::Ptr &node)
 {
-    if (refusesDuplicate(path, node->isGroup()))
+    if (!node || refusesDuplicate(path, node->isGroup()))
         return nullptr;
     if (node->isGroup())
         addTopLevelGroup(node);

@@ -27,7 +27,8 @@ public:
     bool fileAlreadyExists(const QString &path) const;
     bool folderAlreadyExists(const QString &path) const;
 
-    // Imports a file or folder; null (after an alert) for a duplicate.
+    // Imports a file or folder; null (after an alert) for a duplicate, and
+    // null (after a log line) for an empty path.
     LWDocument::Ptr addFromPath(const QString &path);
     // The two halves of addFromPath, so that the slow one can run on a
     // background thread: building the node from disk touches no tree, and

@@ -77,6 +77,8 @@ void tst_LWDocumentTree::duplicatesAreRefusedWithAnAlert()
                                {"This folder has already been imported", fixtures->path("proj")},
                                {"This file has already been imported", loose}}));
     QCOMPARE(tree.groups().size(), size_t(2));
+    QVERIFY(!tree.addFromPath(QString()));
+    QCOMPARE(tree.filesGroup()->noOfChildren(), 1u);
 
     const LWDocument::Ptr again = tree.addFromPath(inner);
     QVERIFY(again);
