@@ -162,6 +162,15 @@ void tst_LWDocument::movingToAnotherParentMovesOnDisk()
 
     docs->moveToParent(docs->childAtIndex(0), LWDocument::NotFound);
     QCOMPARE(docs->parent(), group);
+
+    // Adopted outside files take this folder's path joined with their own label.
+    const LWDocument::List outside{LWDocument::fileFromPath(fixtures->write("out/x.txt")),
+                                   LWDocument::fileFromPath(fixtures->write("out/y.txt"))};
+    docs->copyFilesToSelf(outside, 0);
+    QCOMPARE(labels(docs->children()), QStringList({"x.txt", "y.txt", "main.py"}));
+    QCOMPARE(outside[1]->path(), QStringLiteral("y.txt"));
+    QCOMPARE(outside[1]->fullPath(), fixtures->path("proj/docs/y.txt"));
+    QCOMPARE(outside[1]->parent(), docs);
 }
 
 void tst_LWDocument::filterKeepsFoldersOnTheWayAndFollowsChanges()
