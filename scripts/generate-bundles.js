@@ -73,7 +73,8 @@ function extensionsOf(mode) {
 function generateSpecs() {
   const { modes } = loadModule(path.join(aceFolder, 'ext-modelist.js'), 'ace/ext/modelist');
   for (const mode of modes) {
-    const caption = captionOverrides[mode.caption] || mode.caption;
+    // A caption becomes a folder name, so it may not hold a folder separator.
+    const caption = (captionOverrides[mode.caption] || mode.caption).replace(/\s*\/\s*/g, ' - ');
     const bundle = path.join(specsFolder, `${caption}.lwSpec`);
     fs.mkdirSync(bundle, { recursive: true });
     writeJSON(path.join(bundle, 'info.json'), { name: mode.name, extensions: extensionsOf(mode) });
