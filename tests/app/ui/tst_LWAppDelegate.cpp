@@ -1,0 +1,151 @@
+#include "app/LWDefaults.h"
+#include "app/ui/LWAppDelegate.h"
+#include "app/ui/LWMainWindow.h"
+#include "documents/LWDocumentManager.h"
+#include "editor/LWViewMenuController.h"
+#include "editor/ui/LWUtilityWebViewController.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QToolButton>
+#include <QtTest>
+
+// The whole application on the real editor page: the page reaches the
+// backend through "core", menu actions change the real editor, and a
+// terminal command's output arrives in the page's terminal.
+class TestAppDelegate : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void startsWithAnUntitledDocument();
+    void pageCallsReachTheBackend();
+    void pageAnswersReachThePage();
+    void utilityContentFromThePage();
+    void menuTogglesChangeTheEditor();
+    void terminalOutputArrivesInTheTerminal();
+
+private:
+    QString page(const QString &script) { return delegate->evaluateInEditor(script); }
+    // Runs a core call from the page whose promise stores its answer; waits for it.
+    QString pageAnswer(const QString &call);
+    bool windowShowsText(const QString &text) const;
+
+    std::unique_ptr<LWAppDelegate> delegate;
+};
+
+void TestAppDelegate::initTestCase()
+{
+    delegate = std::make_unique<LWAppDelegate>(QStringList());
+    delegate->window()->resize(1000, 700);
+    delegate->window()->show();
+    QSignalSpy ready(delegate.get(), &LWAppDelegate::editorReady);
+    QVERIFY(ready.wait(60000));
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("typeof core")), QStringLiteral("object"), 20000);
+}
+
+void TestAppDelegate::cleanupTestCase()
+{
+    delegate.reset();
+}
+
+QString TestAppDelegate::pageAnswer(const QString &call)
+{
+    page(QStringLiteral("window.__answer = null; Promise.resolve(Bridge.call(%1)).then(function (a) "
+                        "{ window.__answer = String(a); }); ''")
+             .arg(call));
+    QString answer;
+    for (int waited = 0; waited < 10000 && answer.isEmpty(); waited += 50) {
+        QTest::qWait(50);
+        answer = page(QStringLiteral("window.__answer"));
+    }
+    return answer;
+}
+
+bool TestAppDelegate::windowShowsText(const QString &text) const
+{
+    const QList<QLabel *> labels = delegate->window()->findChildren<QLabel *>();
+    return std::any_of(labels.begin(), labels.end(), [&](QLabel *label) { return label->text() == text; });
+}
+
+void TestAppDelegate::startsWithAnUntitledDocument()
+{
+    const LWDocument::Ptr current = delegate->documentManager()->currentDocument();
+    QVERIFY(current);
+    QVERIFY(current->isUntitled());
+    QCOMPARE(delegate->window()->windowTitle(), current->label());
+    QCOMPARE(page(QStringLiteral("lw.editor.getValue()")), QString());
+}
+
+void TestAppDelegate::pageCallsReachTheBackend()
+{
+    page(QStringLiteral("core.currentLocationChanged_('Line 7, Column 2');"
+                        "core.searchOptChanged_withValue_('LW_Search_Whole_Word', true);"
+                        "core.showStatus_('Checking');"
+                        "core.registerPluginMenu_('[\"First\", \"Second\"]'); ''"));
+    QTRY_VERIFY(windowShowsText(QStringLiteral("Line 7, Column 2")));
+    QTRY_VERIFY(LWDefaults::shared()->boolForKey(QStringLiteral("LW_Search_Whole_Word")));
+    QTRY_VERIFY(windowShowsText(QStringLiteral("Checking")));
+    const QList<QToolButton *> buttons = delegate->window()->findChildren<QToolButton *>();
+    QTRY_VERIFY(std::any_of(buttons.begin(), buttons.end(), [](QToolButton *button) {
+        return button->text() == QLatin1String("Plugin") && !button->isHidden()
+            && button->menu()->actions().size() == 3;
+    }));
+
+    page(QStringLiteral("lw.editor.setValue('typed'); ''"));
+    QTRY_VERIFY(!delegate->documentManager()->currentDocument()->saved());
+}
+
+void TestAppDelegate::pageAnswersReachThePage()
+{
+    const QString path = pageAnswer(QStringLiteral("'getTempFile_withExtension_', ['it\\'s \\u00e9\\r\\n', 'txt']"));
+    QVERIFY2(path.endsWith(QLatin1String(".txt")), qPrintable(path));
+    QFile written(path);
+    QVERIFY(written.open(QIODevice::ReadOnly));
+    QCOMPARE(QString::fromUtf8(written.readAll()), QStringLiteral("it's é\r\n"));
+    QCOMPARE(pageAnswer(QStringLiteral("'file_', [%1]").arg(QStringLiteral("'") + path + QStringLiteral("'"))),
+             QStringLiteral("it's é\r\n"));
+    QVERIFY(pageAnswer(QStringLiteral("'getBinariesIndex', []")).contains(QLatin1String("\"node\"")));
+    QCOMPARE(pageAnswer(QStringLiteral("'exec_', ['[\"/bin/echo\", \"ran\"]']")), QStringLiteral("ran\n"));
+}
+
+void TestAppDelegate::utilityContentFromThePage()
+{
+    QSignalSpy loaded(delegate->utilityWebView(), &LWUtilityWebViewController::pageLoaded);
+    page(QStringLiteral("core.loadUtilityHtml_label_('<p id=\"shown\">from the page</p>', 'Preview'); ''"));
+    QVERIFY(loaded.wait(20000));
+    QVERIFY(delegate->isUtilityViewVisible());
+    QVERIFY(windowShowsText(QStringLiteral("Preview")));
+    QCOMPARE(delegate->evaluateInUtility(QStringLiteral("document.getElementById('shown').textContent")),
+             QStringLiteral("from the page"));
+}
+
+void TestAppDelegate::menuTogglesChangeTheEditor()
+{
+    auto *view = delegate->window()->findChild<QAction *>(QStringLiteral("toggleGutterAction"));
+    QVERIFY(view);
+    const bool before = page(QStringLiteral("String(lw.editor.renderer.getShowGutter())")) == QLatin1String("true");
+    view->trigger();
+    QCOMPARE(page(QStringLiteral("String(lw.editor.renderer.getShowGutter())")),
+             before ? QStringLiteral("false") : QStringLiteral("true"));
+    QCOMPARE(LWDefaults::shared()->boolForKey(QStringLiteral("LW_Gutter")), !before);
+    view->trigger();
+    QCOMPARE(page(QStringLiteral("String(lw.editor.renderer.getShowGutter())")),
+             before ? QStringLiteral("true") : QStringLiteral("false"));
+}
+
+void TestAppDelegate::terminalOutputArrivesInTheTerminal()
+{
+    // The console shows spaces as no-break spaces; they are read back as spaces.
+    page(QStringLiteral("$Terminal.exec('echo terminal-$((40 + 2)) \"it\\'s\"'); ''"));
+    QTRY_VERIFY_WITH_TIMEOUT(page(QStringLiteral("$('.terminal-output').text().replace(/\\u00a0/g, ' ')")).contains(QLatin1String("terminal-42 it's")),
+                             20000);
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.isRunning())")), QStringLiteral("false"), 20000);
+}
+
+QTEST_MAIN(TestAppDelegate)
+#include "tst_LWAppDelegate.moc"
