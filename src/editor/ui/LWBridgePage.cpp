@@ -23,7 +23,8 @@ constexpr int evaluationTimeoutMilliseconds = 60000;
 QWebEngineScript channelClientScript()
 {
     QFile source(QStringLiteral(":/qtwebchannel/qwebchannel.js"));
-    source.open(QIODevice::ReadOnly);
+    if (!source.open(QIODevice::ReadOnly))
+        qWarning("The web channel client script is missing; pages cannot reach the backend");
     QWebEngineScript script;
     script.setName(QStringLiteral("qwebchannel"));
     script.setSourceCode(QString::fromUtf8(source.readAll()));
@@ -41,9 +42,10 @@ bool isInside(const QString &path, const QString &folder)
 
 }
 
-LWBridgePage::LWBridgePage(QWebChannel *channel, QObject *parent)
-    : QWebEnginePage(parent), bridge(channel)
+LWBridgePage::LWBridgePage(QObject *backend, QObject *parent)
+    : QWebEnginePage(parent), bridge(new QWebChannel(this))
 {
+    bridge->registerObject(QStringLiteral("core"), backend);
     scripts().insert(channelClientScript());
 }
 

@@ -18,7 +18,8 @@ class LWBridgePage : public QWebEnginePage
     Q_OBJECT
 
 public:
-    LWBridgePage(QWebChannel *channel, QObject *parent = nullptr);
+    // Publishes backend as "core" through a channel of the page's own.
+    LWBridgePage(QObject *backend, QObject *parent = nullptr);
 
     // Loads an HTML string the program produced; baseUrl may be empty.
     void loadShellHTML(const QString &html, const QUrl &baseUrl);

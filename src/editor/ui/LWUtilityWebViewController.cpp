@@ -8,7 +8,6 @@
 #include <QJsonObject>
 #include <QStringList>
 #include <QUrl>
-#include <QWebChannel>
 #include <QWebEngineHttpRequest>
 #include <QWebEngineView>
 
@@ -42,11 +41,9 @@ QByteArray cookieHeader(const QVariantList &cookies)
 
 LWUtilityWebViewController::LWUtilityWebViewController(QObject *backend, QWidget *viewParent)
     : QObject(viewParent),
-      channel(new QWebChannel(this)),
       webView(new QWebEngineView(viewParent)),
-      bridgePage(new LWBridgePage(channel, webView))
+      bridgePage(new LWBridgePage(backend, webView))
 {
-    channel->registerObject(QStringLiteral("core"), backend);
     webView->setPage(bridgePage);
     connect(bridgePage, &QWebEnginePage::loadFinished, this, &LWUtilityWebViewController::finishLoad);
 }

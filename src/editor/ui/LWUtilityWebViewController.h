@@ -5,7 +5,6 @@
 #include <QVariantList>
 
 class LWBridgePage;
-class QWebChannel;
 class QWebEngineView;
 class QWidget;
 
@@ -46,7 +45,6 @@ private:
     void applyEditorLook();
     QString editorState() const;
 
-    QWebChannel *channel;
     QWebEngineView *webView;
     LWBridgePage *bridgePage;
     QString content;

@@ -5,16 +5,13 @@
 #include "editor/ui/PageFile.h"
 
 #include <QUrl>
-#include <QWebChannel>
 #include <QWebEngineView>
 
 LWWebViewController::LWWebViewController(QObject *backend, QWidget *viewParent)
     : QObject(viewParent),
-      channel(new QWebChannel(this)),
       webView(new QWebEngineView(viewParent)),
-      bridgePage(new LWBridgePage(channel, webView))
+      bridgePage(new LWBridgePage(backend, webView))
 {
-    channel->registerObject(QStringLiteral("core"), backend);
     webView->setPage(bridgePage);
     connect(bridgePage, &QWebEnginePage::loadFinished, this, &LWWebViewController::pageLoaded);
     loadEditorPage();

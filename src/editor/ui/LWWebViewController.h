@@ -4,7 +4,6 @@
 #include <QString>
 
 class LWBridgePage;
-class QWebChannel;
 class QWebEngineView;
 class QWidget;
 
@@ -31,7 +30,6 @@ signals:
 private:
     void loadEditorPage();
 
-    QWebChannel *channel;
     QWebEngineView *webView;
     LWBridgePage *bridgePage;
 };
