@@ -110,7 +110,10 @@ function generateThemes() {
   for (const file of files) {
     const identifier = file.slice('theme-'.length, -'.js'.length);
     const theme = loadModule(path.join(aceFolder, file), `ace/theme/${identifier}`);
-    if (!theme.cssClass || typeof theme.cssText !== 'string') continue;
+    if (!theme.cssClass || typeof theme.cssText !== 'string') {
+      console.warn(`generate-bundles: ${file} carries no style text; skipped`);
+      continue;
+    }
     const bundle = path.join(themesFolder, `${themeTitle(identifier)}.lwTheme`);
     fs.mkdirSync(bundle, { recursive: true });
     writeJSON(path.join(bundle, 'info.json'), { name: theme.cssClass.replace(/^ace-/, ''), dark: !!theme.isDark });
