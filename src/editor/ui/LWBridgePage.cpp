@@ -81,26 +81,15 @@ void LWBridgePage::loadShellRequest(const QWebEngineHttpRequest &request)
 
 bool LWBridgePage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
 {
+    // Only a main frame gets the channel's transport, so frames load freely.
     if (!isMainFrame)
-        return acceptSubFrame(url);
+        return true;
     const bool fromShell = shellLoadPending && type == NavigationTypeTyped;
     shellLoadPending = false;
     const bool trusted = fromShell ? shellLoadTrusted : isTrustedFile(url);
     if (!trusted && isBridgeAttached())
         qInfo("Page at %s runs without the native bridge", qPrintable(url.toDisplayString().left(200)));
     attachBridge(trusted);
-    return true;
-}
-
-bool LWBridgePage::acceptSubFrame(const QUrl &url) const
-{
-    // A frame inside a page holding the bridge stays local.
-    const bool local = isTrustedFile(url) || url.scheme() == QLatin1String("about")
-        || url.scheme() == QLatin1String("data");
-    if (isBridgeAttached() && !local) {
-        qInfo("Frame at %s refused inside a page with the native bridge", qPrintable(url.toDisplayString().left(200)));
-        return false;
-    }
     return true;
 }
 

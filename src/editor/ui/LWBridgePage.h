@@ -41,7 +41,6 @@ protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
 
 private:
-    bool acceptSubFrame(const QUrl &url) const;
     void attachBridge(bool attach);
 
     QWebChannel *bridge;

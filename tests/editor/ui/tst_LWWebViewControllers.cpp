@@ -87,6 +87,7 @@ private slots:
     void mainPageLoadsFromTheDataRootWithTheBridge();
     void shellHTMLReachesCoreButRemotePagesDoNot();
     void pageNavigatingAwayLosesTheBridge();
+    void remoteFrameInsideABridgedPageCannotReachCore();
     void cookiesBecomeTheRequestHeader();
     void utilityEditorReusesALoadedMode();
 
@@ -174,6 +175,23 @@ void TestWebViewControllers::pageNavigatingAwayLosesTheBridge()
              QStringLiteral("no"));
     QCOMPARE(utility->evaluate(QStringLiteral("location.protocol")), QStringLiteral("http:"));
     QVERIFY(!utility->page()->isBridgeAttached());
+    QTest::qWait(300);
+    QCOMPARE(probe.hits, QStringList{QStringLiteral("string")});
+}
+
+void TestWebViewControllers::remoteFrameInsideABridgedPageCannotReachCore()
+{
+    // The frame tells its parent whether it found the transport.
+    PageServer server(probingPage(QStringLiteral("frame")).replace(
+        "</script>", "parent.postMessage(window.transport, '*');</script>"));
+    const QString html = QString::fromUtf8(probingPage(QStringLiteral("string")))
+                             .replace(QStringLiteral("</body>"),
+                                      QStringLiteral("<script>addEventListener('message', function (e) "
+                                                     "{ window.frameSaid = e.data; });</script>"
+                                                     "<iframe src='%1'></iframe></body>")
+                                          .arg(server.url()));
+    QCOMPARE(loadUtility([&] { utility->loadHTML(html); }), QStringLiteral("yes"));
+    QTRY_COMPARE(utility->evaluate(QStringLiteral("window.frameSaid")), QStringLiteral("no"));
     QTest::qWait(300);
     QCOMPARE(probe.hits, QStringList{QStringLiteral("string")});
 }
