@@ -20,9 +20,6 @@ public:
     // The manifest value under key as text ("" when absent).
     QString infoText(const QString &key) const;
 
-    // Whether "info.json" was read and parsed into an object.
-    bool hasInfo() const { return !manifest.isEmpty(); }
-
     // Installs the bundle's generated files into the editor tree.
     virtual void install() = 0;
 

@@ -34,8 +34,8 @@ void copyData(bool replacing)
     LWTextFiles::writeAtomically(LWPaths::dataPath(versionFile), QString::number(LWPaths::buildNumber()));
 }
 
-}
-
+// The build number stored in "version.txt" under the root; 0 when the text is
+// not a number, -1 when the file is missing.
 int storedBuildNumber()
 {
     const auto text = LWTextFiles::readUtf8(LWPaths::dataPath(versionFile));
@@ -44,6 +44,8 @@ int storedBuildNumber()
     // Like the platform's integer reading: leading digits count, anything else is 0.
     static const QRegularExpression leadingNumber(QStringLiteral("^\\s*([-+]?\\d+)"));
     return leadingNumber.match(*text).captured(1).toInt();
+}
+
 }
 
 bool prepare()

@@ -11,8 +11,4 @@ namespace LWDataRoot {
 // or upgrade), in which case every bundle must be installed.
 bool prepare();
 
-// The build number stored in "version.txt" under the root; 0 when the text is
-// not a number, -1 when the file is missing.
-int storedBuildNumber();
-
 }

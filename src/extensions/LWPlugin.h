@@ -27,9 +27,8 @@ public:
     // Plugins generate nothing for the editor tree.
     void install() override {}
 
-    // The script string that starts the plugin in the page.
-    QString runScript(const QString &scriptSource) const;
-
 private:
     using LWBundle::LWBundle;
+    // The script string that starts the plugin in the page.
+    QString runScript(const QString &scriptSource) const;
 };

@@ -45,8 +45,10 @@ void LWTheme::compileLess(const QString &lessPath)
     const QString target = modulePath();
     // The completion may outlive this theme object, so it carries copies.
     LWTerm::create()->exec({lessc, lessPath}, {}, nullptr, [identifier, dark, target, lessPath](const QString &output) {
-        if (output.trimmed().isEmpty())
-            qWarning("LWTheme : install :: lessc produced nothing for %s", qUtf8Printable(lessPath));
+        // A failed compile still writes what came out, as the editor expects a module.
+        if (!output.contains(QLatin1Char('{')))
+            qWarning("LWTheme : install :: lessc produced no style for %s: %s", qUtf8Printable(lessPath),
+                     qUtf8Printable(output.left(200)));
         const QString css = LWThemeModule::rewriteCompiledLess(output, identifier);
         LWTextFiles::writeAtomically(target, LWThemeModule::moduleText(identifier, dark, css));
     });

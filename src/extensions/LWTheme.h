@@ -16,10 +16,9 @@ public:
     // LESS (the module is written from the compiler's completion).
     void install() override;
 
-    // Where the module of this theme is written.
-    QString modulePath() const;
-
 private:
     using LWBundle::LWBundle;
+    // Where the module of this theme is written.
+    QString modulePath() const;
     void compileLess(const QString &lessPath);
 };

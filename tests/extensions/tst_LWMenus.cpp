@@ -63,7 +63,6 @@ private slots:
     void sandboxedProcessNeverBindsNoSandboxPlugins();
     void userAndCategoryPlugins();
     void globalIndex();
-    void bundleMenus();
     void templates();
 
 private:
@@ -94,7 +93,6 @@ void tst_LWMenus::decodeKeyShortcut_data()
     QTest::newRow("no plus") << "F5" << "f5" << 0;
     QTest::newRow("middle part ignored") << "^+~+X" << "x" << int(LWKeyShortcut::Control);
     QTest::newRow("option, unknown ignored") << "~?+K" << "k" << int(LWKeyShortcut::Option);
-    QTest::newRow("empty") << "" << "" << 0;
 }
 
 void tst_LWMenus::decodeKeyShortcut()
@@ -182,12 +180,6 @@ void tst_LWMenus::globalIndex()
     QCOMPARE(sort.value("object").value<QObject *>(), environment->pluginByName("Sort"));
     QCOMPARE(menu.value(2).toMap().value("object").value<QObject *>(), environment->pluginByName("Count"));
     QVERIFY(!menu.value(3).toMap().value("object").isValid());
-}
-
-void tst_LWMenus::bundleMenus()
-{
-    QCOMPARE(titles(environment->menuArrayFor("specs", "languageAction:")), QStringList({"Python", "Plain Text"}));
-    QVERIFY(environment->menuArrayFor("plugins", "x:").isEmpty());
 }
 
 void tst_LWMenus::templates()

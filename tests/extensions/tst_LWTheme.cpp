@@ -34,7 +34,6 @@ class tst_LWTheme : public QObject
 private slots:
     void cssThemeModuleBytes();
     void lessThemeIsCompiledAndRewritten();
-    void darkLiterals();
     void rewritingOrderAndRawNamePattern();
     void missingSourcesOrNameWriteNothing();
 };
@@ -63,14 +62,13 @@ void tst_LWTheme::lessThemeIsCompiledAndRewritten()
     QTRY_VERIFY_WITH_TIMEOUT(tree.existsInData("Data/Html/ace/theme-sample.js"), 20000);
     QCOMPARE(tree.readData("Data/Html/ace/theme-sample.js"),
              expectedModule("sample", "0", ".ace-sample {  color: #102030;}.ace-sample .ace_keyword {  width: 0.5px;}"));
-}
 
-void tst_LWTheme::darkLiterals()
-{
-    QCOMPARE(LWThemeModule::darkLiteral(true), QString("1"));
-    QCOMPARE(LWThemeModule::darkLiteral(false), QString("0"));
-    QCOMPARE(LWThemeModule::darkLiteral(2), QString("2"));
-    QCOMPARE(LWThemeModule::darkLiteral(QVariant()), QString("0"));
+    // A failed compile still writes a module, holding whatever lessc printed.
+    tree.writeData("Data/Themes/Broken.lwTheme/info.json", "{\"name\": \"broken\"}");
+    tree.writeData("Data/Themes/Broken.lwTheme/style.less", "#broken { color: @missing; ");
+    installedTheme(tree, "Broken.lwTheme");
+    QTRY_VERIFY_WITH_TIMEOUT(tree.existsInData("Data/Html/ace/theme-broken.js"), 20000);
+    QVERIFY(tree.readData("Data/Html/ace/theme-broken.js").startsWith("ace.define(\"ace/theme/broken\""));
 }
 
 void tst_LWTheme::rewritingOrderAndRawNamePattern()
