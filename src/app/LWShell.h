@@ -71,6 +71,11 @@ public:
     // The utility pane's plugin pop-up: hidden for no titles, else the titles after its title item.
     virtual void setUtilityPluginMenu(const QStringList &titles) = 0;
 
+    // Window layout: the sidebar, the tab bar and the status bar.
+    virtual void setSidebarVisible(bool visible) = 0;
+    virtual void setTabBarVisible(bool visible) = 0;
+    virtual void setStatusBarVisible(bool visible) = 0;
+
     // The specification pop-up's title and the plugin menus of one specification.
     virtual void setSpecPopupTitle(const QString &title) = 0;
     virtual void updatePluginMenusForSpec(LWSpec *spec) = 0;

@@ -86,6 +86,29 @@ bool LWViewMenuController::validateMenuItem(QAction *item) const
     return true;
 }
 
+void LWViewMenuController::toggleSidebarAction(QAction *)
+{
+    flipLayout(QStringLiteral("LW_Sidebar"), &LWShell::setSidebarVisible);
+}
+
+void LWViewMenuController::toggleTabsAction(QAction *)
+{
+    flipLayout(QStringLiteral("LW_TabBar"), &LWShell::setTabBarVisible);
+}
+
+void LWViewMenuController::toggleStatusBarAction(QAction *)
+{
+    flipLayout(QStringLiteral("LW_StatusBar"), &LWShell::setStatusBarVisible);
+}
+
+void LWViewMenuController::flipLayout(const QString &key, void (LWShell::*show)(bool))
+{
+    LWDefaults *defaults = LWDefaults::shared();
+    defaults->setBool(key, !defaults->boolForKey(key));
+    if (LWShell *shell = LWShell::instance())
+        (shell->*show)(defaults->boolForKey(key));
+}
+
 void LWViewMenuController::togglePanelAction(QAction *)
 {
     EditorCommand::flipAndSend(QStringLiteral("LW_Panel"), QStringLiteral("lw.togglePanel"));

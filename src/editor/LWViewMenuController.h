@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QString>
 
+class LWShell;
 class QAction;
 
 // The View menu's editor settings: panel, gutter, margins, guides, invisible
@@ -20,6 +21,11 @@ public:
     Q_INVOKABLE bool validateMenuItem(QAction *item) const;
 
 public slots:
+    // Window layout: each stores its default, then shows or hides its part.
+    void toggleSidebarAction(QAction *sender = nullptr);
+    void toggleTabsAction(QAction *sender = nullptr);
+    void toggleStatusBarAction(QAction *sender = nullptr);
+
     void togglePanelAction(QAction *sender = nullptr);
     void toggleGutterAction(QAction *sender = nullptr);
     void togglePrintMarginAction(QAction *sender = nullptr);
@@ -54,4 +60,5 @@ public slots:
 
 private:
     void zoomBy(int steps);
+    static void flipLayout(const QString &key, void (LWShell::*show)(bool));
 };

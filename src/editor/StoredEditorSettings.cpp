@@ -1,37 +1,49 @@
 #include "editor/StoredEditorSettings.h"
 
 #include "app/LWDefaults.h"
+#include "editor/EditorCommand.h"
 #include "editor/LWFindMenuController.h"
 #include "editor/LWViewMenuController.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/LWTheme.h"
 
-#include <QAction>
-
 namespace StoredEditorSettings {
 
 namespace {
 
+// A setting the window and the page start without, and the toggle that
+// changes it.
 template <typename Controller>
-void doubleFlip(const QString &key, Controller &controller, void (Controller::*toggle)(QAction *))
+struct Flip
+{
+    const char *key;
+    bool flipsWhen; // the stored value that differs from the start state
+    void (Controller::*toggle)(QAction *);
+};
+
+template <typename Controller>
+void flipWhereStoredDiffers(Controller &controller, std::initializer_list<Flip<Controller>> flips)
 {
     LWDefaults *defaults = LWDefaults::shared();
-    defaults->setBool(key, !defaults->boolForKey(key));
-    (controller.*toggle)(nullptr);
+    for (const Flip<Controller> &flip : flips) {
+        const QString key = QString::fromLatin1(flip.key);
+        if (defaults->boolForKey(key) != flip.flipsWhen)
+            continue;
+        defaults->setBool(key, !flip.flipsWhen);
+        (controller.*flip.toggle)(nullptr);
+    }
 }
 
-void applyTheme(LWViewMenuController &view)
+void applyTheme()
 {
     const LWEnvironment *environment = LWEnvironment::shared();
     const QString name = LWDefaults::shared()->stringForKey(QStringLiteral("LW_Theme"));
-    LWTheme *theme = environment ? environment->themeNames().value(name) : nullptr;
+    const LWTheme *theme = environment ? environment->themeNames().value(name) : nullptr;
     if (!theme) {
         qInfo("The stored theme %s is not installed; the editor keeps its own", qPrintable(name));
         return;
     }
-    QAction item(name);
-    item.setData(QVariant::fromValue<QObject *>(theme));
-    view.setThemeAction(&item);
+    EditorCommand::send(QStringLiteral("lw.setTheme('%1');").arg(theme->infoText(QStringLiteral("name"))));
 }
 
 }
@@ -40,22 +52,26 @@ void apply(LWViewMenuController &view, LWFindMenuController &find)
 {
     using View = LWViewMenuController;
     using Find = LWFindMenuController;
-    doubleFlip(QStringLiteral("LW_Panel"), view, &View::togglePanelAction);
-    doubleFlip(QStringLiteral("LW_Gutter"), view, &View::toggleGutterAction);
-    doubleFlip(QStringLiteral("LW_PrintMargin"), view, &View::togglePrintMarginAction);
-    doubleFlip(QStringLiteral("LW_IndentationGuides"), view, &View::toggleIndentationGuidesAction);
-    doubleFlip(QStringLiteral("LW_Invisibles"), view, &View::toggleInvisiblesAction);
-    doubleFlip(QStringLiteral("LW_SoftTabs"), view, &View::useSoftTabsToggle);
-    doubleFlip(QStringLiteral("LW_WordWrap"), view, &View::useWordWrapToggle);
-    doubleFlip(QStringLiteral("LW_Search_Regex"), find, &Find::useRegularExpressionsToggle);
-    doubleFlip(QStringLiteral("LW_Search_Case"), find, &Find::caseSensitiveToggle);
-    doubleFlip(QStringLiteral("LW_Search_Whole_Word"), find, &Find::matchWholeWordToggle);
+    flipWhereStoredDiffers<View>(view, {{"LW_Sidebar", false, &View::toggleSidebarAction},
+                                        {"LW_TabBar", false, &View::toggleTabsAction},
+                                        {"LW_StatusBar", false, &View::toggleStatusBarAction},
+                                        {"LW_Panel", true, &View::togglePanelAction},
+                                        {"LW_Gutter", false, &View::toggleGutterAction},
+                                        {"LW_PrintMargin", false, &View::togglePrintMarginAction},
+                                        {"LW_IndentationGuides", false, &View::toggleIndentationGuidesAction},
+                                        {"LW_Invisibles", true, &View::toggleInvisiblesAction},
+                                        {"LW_SoftTabs", true, &View::useSoftTabsToggle},
+                                        {"LW_WordWrap", true, &View::useWordWrapToggle}});
+    flipWhereStoredDiffers<Find>(find, {{"LW_Search_Regex", true, &Find::useRegularExpressionsToggle},
+                                        {"LW_Search_Case", true, &Find::caseSensitiveToggle},
+                                        {"LW_Search_Whole_Word", true, &Find::matchWholeWordToggle}});
     const LWDefaults *defaults = LWDefaults::shared();
     view.tabSizeSwitch(static_cast<int>(defaults->integerForKey(QStringLiteral("LW_TabSize"))));
     view.wrapLimitsSwitch(static_cast<int>(defaults->integerForKey(QStringLiteral("LW_WrapLimit"))));
-    view.setFontSize(static_cast<int>(defaults->integerForKey(QStringLiteral("LW_FontSize"))));
+    EditorCommand::send(
+        QStringLiteral("lw.setFontSize(%1);").arg(defaults->integerForKey(QStringLiteral("LW_FontSize"))));
+    applyTheme();
     view.setFontName(defaults->fontName());
-    applyTheme(view);
 }
 
 }

@@ -3,9 +3,10 @@
 class LWFindMenuController;
 class LWViewMenuController;
 
-// Applying the stored editor settings to a freshly loaded editor page: each
-// on/off setting by the double flip (store the opposite, then run the menu
-// toggle), then tab size, wrap limit, font size, font family and theme.
+// Applying the stored settings to the window and a freshly loaded editor
+// page: each on/off setting whose stored value differs from the state both
+// start in is applied by the double flip (store the opposite, then run the
+// menu toggle); then tab size, wrap limit, font size, theme and font family.
 namespace StoredEditorSettings {
 
 void apply(LWViewMenuController &view, LWFindMenuController &find);

@@ -1,8 +1,10 @@
 #include "app/LWDefaults.h"
+#include "app/LWDefaultsController.h"
 #include "editor/LWDocumentMenuController.h"
 #include "editor/LWEditMenuController.h"
 #include "editor/LWFindMenuController.h"
 #include "editor/LWViewMenuController.h"
+#include "editor/StoredEditorSettings.h"
 #include "extensions/LWSpec.h"
 #include "extensions/LWTheme.h"
 #include "support/RecordingShell.h"
@@ -36,6 +38,9 @@ private slots:
     void scopesAndFindValidator();
     void themeAndSpecItemsUseTheirBundles();
     void extensionOverrideStoresAndRemoves();
+    void layoutTogglesShowAndHideWindowParts();
+    // Registers the fallback values for the rest of the run: keep it last.
+    void storedSettingsFlipOnlyWhatDiffersFromTheStart();
 
 private:
     QObject *controllerFor(const QString &menu);
@@ -365,5 +370,36 @@ void TestMenuControllers::extensionOverrideStoresAndRemoves()
 }
 
 // Menu items are QActions, which need a graphical application.
+void TestMenuControllers::layoutTogglesShowAndHideWindowParts()
+{
+    view->toggleSidebarAction();
+    view->toggleTabsAction();
+    view->toggleStatusBarAction();
+    view->toggleSidebarAction();
+    QCOMPARE(shell->calls, QStringList({QStringLiteral("sidebar shown"), QStringLiteral("tab bar shown"),
+                                        QStringLiteral("status bar shown"), QStringLiteral("sidebar hidden")}));
+    QAction *tabs = item(QStringLiteral("toggleTabsAction"));
+    view->validateMenuItem(tabs);
+    QVERIFY(tabs->isChecked());
+    QVERIFY(shell->editorScripts.isEmpty());
+}
+
+void TestMenuControllers::storedSettingsFlipOnlyWhatDiffersFromTheStart()
+{
+    LWDefaultsController registered;
+    LWDefaults::shared()->setBool(QStringLiteral("LW_Sidebar"), false);
+    LWDefaults::shared()->setBool(QStringLiteral("LW_Search_Case"), true);
+    LWDefaults::shared()->setString(QStringLiteral("LW_FontName"), QString());
+    QTest::ignoreMessage(QtInfoMsg, QRegularExpression(QStringLiteral("theme .* is not installed")));
+    StoredEditorSettings::apply(*view, *find);
+    QCOMPARE(shell->calls.first(), QStringLiteral("sidebar hidden"));
+    QVERIFY(!LWDefaults::shared()->boolForKey(QStringLiteral("LW_Sidebar")));
+    QTRY_COMPARE(shell->editorScripts,
+                 QStringList({QStringLiteral("lw.togglePanel(true);"), QStringLiteral("lw.togglePrintMargin(false);"),
+                              QStringLiteral("lw.toggleWordWrap(true);"), QStringLiteral("lw.searchOptCaseToggle(true);"), QStringLiteral("lw.setTabSize(4);"),
+                              QStringLiteral("lw.setWrapLimit(0);"), QStringLiteral("lw.setFontSize(14);"),
+                              QStringLiteral("lw.editor.setOption('fontFamily','Menlo');")}));
+}
+
 QTEST_MAIN(TestMenuControllers)
 #include "tst_LWMenuControllers.moc"

@@ -100,6 +100,10 @@ public:
     }
     void setUtilityPluginMenu(const QStringList &titles) override { utilityPluginMenu = titles; }
 
+    void setSidebarVisible(bool visible) override { calls.append(QStringLiteral("sidebar ") + shown(visible)); }
+    void setTabBarVisible(bool visible) override { calls.append(QStringLiteral("tab bar ") + shown(visible)); }
+    void setStatusBarVisible(bool visible) override { calls.append(QStringLiteral("status bar ") + shown(visible)); }
+
     void setSpecPopupTitle(const QString &title) override { specPopupTitle = title; }
     void updatePluginMenusForSpec(LWSpec *spec) override { pluginMenuSpecs.append(spec); }
 

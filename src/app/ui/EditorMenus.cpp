@@ -124,7 +124,10 @@ void buildDocument(QMenu *menu, LWDocumentMenuController *controller, const LWEn
 void buildView(QMenu *menu, LWViewMenuController *controller, const LWEnvironment *environment)
 {
     addItems(menu, controller,
-             {{"Utility Pane", "toggleUtilityViewAction", "Ctrl+Shift+U", true},
+             {{"Sidebar", "toggleSidebarAction", "Ctrl+Alt+S", true},
+              {"Tab Bar", "toggleTabsAction", "", true},
+              {"Status Bar", "toggleStatusBarAction", "", true},
+              {"Utility Pane", "toggleUtilityViewAction", "Ctrl+Shift+U", true},
               {"--", "", "", false},
               {"Editor Panel", "togglePanelAction", "", true},
               {"Line Numbers", "toggleGutterAction", "", true},

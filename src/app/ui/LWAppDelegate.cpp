@@ -5,6 +5,7 @@
 #include "app/ui/DocumentTabs.h"
 #include "app/ui/EditorMenus.h"
 #include "app/ui/LWMainWindow.h"
+#include "app/ui/PluginsMenu.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
@@ -17,6 +18,7 @@
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
 #include "extensions/LWEnvironment.h"
+#include "extensions/ui/LWPluginsMenuController.h"
 
 #include <QMenuBar>
 #include <QWebEngineView>
@@ -44,6 +46,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
 
 LWAppDelegate::~LWAppDelegate()
 {
+    pluginsMenu.reset();
     mainWindow.reset();
     LWDocumentManager::setShared(nullptr);
     LWEnvironment::setShared(nullptr);
@@ -56,9 +59,14 @@ void LWAppDelegate::buildWindow()
     mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
     EditorMenus::build(mainWindow->menuBar(), {editMenu.get(), documentMenu.get(), viewMenu.get(), findMenu.get()},
                        environment.get());
+    pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get());
+    pluginsMenu = std::make_unique<PluginsMenu>(mainWindow->menuBar()->addMenu(QStringLiteral("Plugins")),
+                                                environment.get(), pluginsController.get());
+    pluginsMenu->rebuildFor(nullptr);
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);
-    connect(mainWindow.get(), &LWMainWindow::runRequested, bridge.get(), &LWBackend::execRun);
+    connect(mainWindow.get(), &LWMainWindow::runRequested, pluginsController.get(),
+            [this] { pluginsController->executePluginAction(); });
     connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::switchTo);
     connect(mainWindow->tabs(), &DocumentTabs::documentChosen, this, &LWAppDelegate::switchTo);
 }

@@ -15,6 +15,8 @@ class LWEditMenuController;
 class LWEnvironment;
 class LWFindMenuController;
 class LWMainWindow;
+class LWPluginsMenuController;
+class PluginsMenu;
 class LWUtilityWebViewController;
 class LWViewMenuController;
 class LWWebViewController;
@@ -65,6 +67,9 @@ public:
     void loadUtilityHTMLFile(const QString &pathOrURL, const QVariantList &cookies) override;
     void loadUtilityEditor(const QString &content, const QString &mode) override;
     void setUtilityPluginMenu(const QStringList &titles) override;
+    void setSidebarVisible(bool visible) override;
+    void setTabBarVisible(bool visible) override;
+    void setStatusBarVisible(bool visible) override;
     void setSpecPopupTitle(const QString &title) override;
     void updatePluginMenusForSpec(LWSpec *spec) override;
     void setWindowTitle(const QString &title) override;
@@ -110,6 +115,8 @@ private:
     std::unique_ptr<LWFindMenuController> findMenu;
     std::unique_ptr<LWWebViewController> editorPage;
     std::unique_ptr<LWUtilityWebViewController> utilityPage;
+    std::unique_ptr<LWPluginsMenuController> pluginsController;
     // Declared last so that the window and its pages go before the channels.
     std::unique_ptr<LWMainWindow> mainWindow;
+    std::unique_ptr<PluginsMenu> pluginsMenu;
 };

@@ -5,12 +5,14 @@
 #include "app/ui/Dialogs.h"
 #include "app/ui/DocumentTabs.h"
 #include "app/ui/LWMainWindow.h"
+#include "app/ui/PluginsMenu.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
 
 #include <QPlainTextEdit>
+#include <QStatusBar>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -123,14 +125,29 @@ void LWAppDelegate::setUtilityPluginMenu(const QStringList &titles)
     mainWindow->setPluginMenuTitles(titles);
 }
 
+void LWAppDelegate::setSidebarVisible(bool visible)
+{
+    mainWindow->setSidebarVisible(visible);
+}
+
+void LWAppDelegate::setTabBarVisible(bool visible)
+{
+    mainWindow->setTabBarVisible(visible);
+}
+
+void LWAppDelegate::setStatusBarVisible(bool visible)
+{
+    mainWindow->statusBar()->setVisible(visible);
+}
+
 void LWAppDelegate::setSpecPopupTitle(const QString &title)
 {
     mainWindow->setSpecTitle(title);
 }
 
-void LWAppDelegate::updatePluginMenusForSpec(LWSpec *)
+void LWAppDelegate::updatePluginMenusForSpec(LWSpec *spec)
 {
-    qInfo("The window has no plugin menus yet; nothing to rebuild");
+    pluginsMenu->rebuildFor(spec);
 }
 
 void LWAppDelegate::setWindowTitle(const QString &title)

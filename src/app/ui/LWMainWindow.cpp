@@ -148,6 +148,16 @@ void LWMainWindow::setSpecTitle(const QString &title)
     specLabel->setText(title);
 }
 
+void LWMainWindow::setSidebarVisible(bool visible)
+{
+    workspaceOutline->setVisible(visible);
+}
+
+void LWMainWindow::setTabBarVisible(bool visible)
+{
+    documentTabs->setVisible(visible);
+}
+
 void LWMainWindow::showEditor()
 {
     editorStack->setCurrentWidget(editor);

@@ -35,6 +35,10 @@ public:
     void setLocationText(const QString &text);
     void setSpecTitle(const QString &title);
 
+    // Layout parts.
+    void setSidebarVisible(bool visible);
+    void setTabBarVisible(bool visible);
+
     // Editor area.
     void showEditor();
     void showImage(const QImage &image);
