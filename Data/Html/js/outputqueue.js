@@ -1,39 +1,47 @@
 // Streams text into a line-based console without blocking the page: chunks
 // are queued as they arrive and written in slices from timer tasks, each
 // slice kept within a small time budget, so floods of output leave the page
-// free to handle input and timers between slices. A trailing partial line
-// waits for the rest of its line, or for a short pause, before it is shown.
+// free to handle input and timers between slices. Nobody reads a flood as it
+// passes, so when more than keepLines lines wait, the older ones are counted
+// and skipped with a note, and only the last keepLines are drawn. A trailing partial line waits for the rest of its line, or
+// for a short pause, before it is shown.
 (function (global) {
   'use strict';
 
-  var BUDGET_MS = 12;
+  var BUDGET_MS = 25;
   var PARTIAL_WAIT_MS = 150;
-  var MIN_SLICE = 4096;
-  var MAX_SLICE = 4 * 1024 * 1024;
+  var MIN_SLICE = 2048;
+  var MAX_SLICE = 8192;
 
-  function countLines(text) {
-    var count = 1;
+  function countNewlines(text) {
+    var count = 0;
     for (var at = text.indexOf('\n'); at >= 0; at = text.indexOf('\n', at + 1))
       count++;
     return count;
   }
 
   // writeLines(text) receives whole lines joined by "\n", without the last one.
-  function OutputQueue(writeLines) {
+  function OutputQueue(writeLines, keepLines) {
     this.writeLines = writeLines;
-    this.chunks = [];
+    this.keepLines = keepLines;
+    this.chunks = [];          // { text, lines } waiting to be written
+    this.waitingLines = 0;
     this.partial = '';
-    this.slice = 65536;
+    this.dropLineStart = false;  // the head of the next chunk ends a skipped line
+    this.slice = 4096;
     this.timer = null;
     this.partialTimer = null;
-    this.linesWritten = 0;
+    this.linesReceived = 0;
     this.charsReceived = 0;
   }
 
   OutputQueue.prototype.push = function (text) {
     if (text === '')
       return;
-    this.chunks.push(text);
+    var lines = countNewlines(text);
+    this.chunks.push({ text: text, lines: lines });
+    this.waitingLines += lines;
+    this.linesReceived += lines;
     this.charsReceived += text.length;
     this.schedule();
   };
@@ -43,27 +51,49 @@
       this.timer = setTimeout(this.flushSlice.bind(this), 0);
   };
 
+  OutputQueue.prototype.skipSurplus = function () {
+    var skipped = 0, last = null;
+    while (this.chunks.length > 1 && this.waitingLines - this.chunks[0].lines >= this.keepLines) {
+      last = this.chunks.shift();
+      this.waitingLines -= last.lines;
+      skipped += last.lines;
+    }
+    if (last) {
+      this.partial = '';
+      this.dropLineStart = last.text.charAt(last.text.length - 1) !== '\n';
+      this.writeLines('\u2026 ' + skipped + ' lines of output not shown \u2026');
+    }
+  };
+
   OutputQueue.prototype.takeSlice = function () {
     var taken = this.partial;
     this.partial = '';
     while (this.chunks.length && taken.length < this.slice) {
-      var room = this.slice - taken.length;
       var chunk = this.chunks[0];
-      if (chunk.length <= room) {
-        taken += this.chunks.shift();
+      if (this.dropLineStart) {
+        var end = chunk.text.indexOf('\n');
+        if (end < 0) {  // the whole chunk continues the skipped line
+          this.chunks.shift();
+          continue;
+        }
+        this.dropLineStart = false;
+        chunk.text = chunk.text.slice(end + 1);
+        chunk.lines--;
+        this.waitingLines--;
+      }
+      var room = this.slice - taken.length;
+      var piece = chunk.text.length <= room ? chunk.text : chunk.text.slice(0, room);
+      var pieceLines = piece === chunk.text ? chunk.lines : countNewlines(piece);
+      taken += piece;
+      this.waitingLines -= pieceLines;
+      if (piece === chunk.text) {
+        this.chunks.shift();
       } else {
-        taken += chunk.slice(0, room);
-        this.chunks[0] = chunk.slice(room);
+        chunk.text = chunk.text.slice(room);
+        chunk.lines -= pieceLines;
       }
     }
     return taken;
-  };
-
-  OutputQueue.prototype.emit = function (text) {
-    if (text === '')
-      return;
-    this.writeLines(text);
-    this.linesWritten += countLines(text);
   };
 
   // Writes one slice and adapts the slice size to the time it took.
@@ -71,23 +101,33 @@
     this.timer = null;
     clearTimeout(this.partialTimer);
     var started = performance.now();
+    this.skipSurplus();
     var text = this.takeSlice();
     var end = text.lastIndexOf('\n');
     this.partial = text.slice(end + 1);
     if (end >= 0)
-      this.emit(text.slice(0, end));
-    var spent = performance.now() - started;
-    this.slice = Math.max(MIN_SLICE, Math.min(MAX_SLICE, Math.round(this.slice * (spent > BUDGET_MS ? 0.5 : 1.5))));
+      this.writeLines(text.slice(0, end));
+    this.adaptSlice(text.length, performance.now() - started);
     if (this.chunks.length)
       this.schedule();
     else if (this.partial !== '')
       this.partialTimer = setTimeout(this.flushPartial.bind(this), PARTIAL_WAIT_MS);
   };
 
+  // Sizes the next slice from the time per character of this one, smoothed
+  // so that one slow write does not collapse the slices.
+  OutputQueue.prototype.adaptSlice = function (written, spent) {
+    if (written < MIN_SLICE)
+      return;
+    var fitting = written * BUDGET_MS / Math.max(spent, 1);
+    this.slice = Math.round(Math.max(MIN_SLICE, Math.min(MAX_SLICE, (3 * this.slice + fitting) / 4)));
+  };
+
   OutputQueue.prototype.flushPartial = function () {
     var text = this.partial;
     this.partial = '';
-    this.emit(text);
+    if (text !== '')
+      this.writeLines(text);
   };
 
   // The stream ended: a trailing partial line is shown once the queue drains.

@@ -8,7 +8,8 @@
 
   var $ = global.jQuery;
   var PROMPT = '$ ';
-  var OUTPUT_LIMIT = 10000;  // lines kept in the console
+  var OUTPUT_LIMIT = 5000;  // lines kept in the console
+  var FLOOD_LINES = 1000;   // lines of a flood drawn once more than that waits
 
   // The command reaches bash as one double-quoted argument of eval, so eval
   // sees exactly what was typed (pipes, redirections and cd included); the
@@ -21,7 +22,7 @@
   function Terminal(element) {
     this.running = false;
     this.inputSent = false;
-    this.output = new global.OutputQueue(this.writeLines.bind(this));
+    this.output = new global.OutputQueue(this.writeLines.bind(this), FLOOD_LINES);
     this.console = $(element).terminal(this.interpret.bind(this), {
       greetings: false,
       prompt: PROMPT,
@@ -99,7 +100,7 @@
       clear: function () { self.console.clear(); },
       isRunning: function () { return self.running; },
       stats: function () {
-        return { lines: self.output.linesWritten, chars: self.output.charsReceived, idle: self.output.isIdle() };
+        return { lines: self.output.linesReceived, chars: self.output.charsReceived, idle: self.output.isIdle() };
       },
       console: self.console
     };

@@ -43,7 +43,19 @@ public:
     Q_INVOKABLE void terminalWrite_(const QString &text) { record({"terminalWrite_", text}); }
     Q_INVOKABLE void terminalKill() { record({"terminalKill"}); }
     Q_INVOKABLE void registerPluginMenu_(const QString &titles) { record({"registerPluginMenu_", titles}); }
-    Q_INVOKABLE QString getFullPath() { return QStringLiteral("/work/hello.py"); }
+    Q_INVOKABLE QString getFullPath() { return QStringLiteral("/work/notes.md"); }
+    Q_INVOKABLE QString getLabel() { return QStringLiteral("notes.md"); }
+    Q_INVOKABLE void showStatus_(const QString &text) { record({"showStatus_", text}); }
+    Q_INVOKABLE void hideStatus() { record({"hideStatus"}); }
+    Q_INVOKABLE void loadHtml_label_withBasePath_(const QString &html, const QString &label, const QString &base)
+    {
+        record({"loadHtml_label_withBasePath_", html, label, base});
+    }
+    Q_INVOKABLE void alertDialogWithTitle_information_callback_(const QString &title, const QString &text,
+                                                                const QString &callback)
+    {
+        record({"alertDialogWithTitle_information_callback_", title, text, callback});
+    }
 
 private:
     void record(const QStringList &call) { calls.append(call); }
@@ -69,6 +81,19 @@ QString stateScript(const QString &content, const QString &mode, bool readOnly =
 QString terminalText(EditorPage &page)
 {
     return page.evalString(QStringLiteral("$('#terminal .terminal-output').text()")).replace(QChar(0xa0), ' ');
+}
+
+QString runPluginScript(const QString &name, const QString &source)
+{
+    return QStringLiteral("$Core.runPlugin('%1','/plugins/%1.lwPlugin',%2);")
+        .arg(name, QString::fromUtf8(QJsonDocument(QJsonArray{source}).toJson(QJsonDocument::Compact)));
+}
+
+QString shippedPlugin(const QString &name)
+{
+    QFile file(LWPaths::resourcePath(QStringLiteral("Data/Plugins/%1.lwPlugin/script.coffee").arg(name)));
+    file.open(QIODevice::ReadOnly);
+    return QString::fromUtf8(file.readAll());
 }
 
 QJsonObject parsedState(EditorPage &page)
@@ -344,26 +369,47 @@ private slots:
     {
         const QString source = QStringLiteral(
             "plugin.menu\n"
-            "  'Upper': -> lw.setValue lw.getValue().toUpperCase()\n"
-            "  'Where': -> backend.getFullPath().then (path) -> plugin.echo 'at', path\n"
+            "  'Upper': -> plugin.editor.transform (text) -> text.toUpperCase()\n"
+            "  'Where': -> backend.getFullPath().then (path) -> plugin.echo 'at', path, plugin.document.label()\n"
             "plugin.onHalt -> lw.insert 'halted'\n");
         page->eval(stateScript("text", "text"));
-        page->eval(QStringLiteral("$Core.runPlugin('Tools','/p/Tools.lwPlugin',%1);")
-                       .arg(QString::fromUtf8(QJsonDocument(QJsonArray{source}).toJson(QJsonDocument::Compact))));
+        page->eval(runPluginScript("Tools", source));
         QTRY_COMPARE(core->argumentsOf("registerPluginMenu_"), QStringList{"[\"Upper\",\"Where\"]"});
         page->eval("$Core.currentPlugin.menu()['Upper']()");
         QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("TEXT"));
         page->eval("$Core.currentPlugin.menu()['Where']()");
-        QTRY_VERIFY(terminalText(*page).contains("at /work/hello.py"));
+        QTRY_VERIFY(terminalText(*page).contains("at /work/notes.md notes.md"));
         page->eval("$Core.haltPlugin()");
         QCOMPARE(page->evalString("lw.getValue()"), QStringLiteral("TEXThalted"));
         QCOMPARE(core->argumentsOf("registerPluginMenu_"), QStringList{"[]"});
 
-        page->eval("$Core.runPlugin('Broken','/p/Broken.lwPlugin',[\"plugin.menu 'A': ->\\n  (\"]);");
+        page->eval(runPluginScript("Broken", "plugin.menu 'A': ->\n  ("));
         QTRY_VERIFY(terminalText(*page).contains("Plugin 'Broken'"));
         QVERIFY(core->argumentsOf("jslog_").value(0).startsWith("Plugin 'Broken': [stdin]:2"));
         page->eval("$Core.coffee([\"window.fromCoffee = [1..3].length\"],true,true);");
         QCOMPARE(page->eval("window.fromCoffee").toInt(), 3);
+    }
+
+    void shippedPluginsFindTheirApi()
+    {
+        page->eval(stateScript("pear\napple\npear\n{\"b\": [1, 2]}\n", "text"));
+        page->eval("lw.goToLine(1); lw.editor.selection.selectTo(2, 4);");
+        page->eval(runPluginScript("Sort Lines", shippedPlugin("Sort Lines")));
+        QTRY_COMPARE(page->evalString("lw.getValue()"), QStringLiteral("apple\npear\npear\n{\"b\": [1, 2]}\n"));
+        page->eval(runPluginScript("Unique Lines", shippedPlugin("Unique Lines")));
+        QTRY_COMPARE(page->evalString("lw.getValue()"), QStringLiteral("apple\npear\n{\"b\": [1, 2]}\n"));
+        page->eval("lw.goToLine(3); lw.selectLine();");
+        page->eval(runPluginScript("Format JSON", shippedPlugin("Format JSON")));
+        QTRY_VERIFY(page->evalString("lw.getValue()").endsWith("{\n  \"b\": [\n    1,\n    2\n  ]\n}"));
+
+        page->eval(runPluginScript("Word Count", shippedPlugin("Word Count")));
+        QTRY_VERIFY(core->argumentsOf("showStatus_").value(0).contains(" words"));
+        page->eval(stateScript("# Title\n\nSome *text*.\n", "markdown"));
+        page->eval(runPluginScript("Preview Markdown", shippedPlugin("Preview Markdown")));
+        QTRY_VERIFY(core->received("loadHtml_label_withBasePath_"));
+        const QStringList preview = core->argumentsOf("loadHtml_label_withBasePath_");
+        QVERIFY(preview.value(0).contains("<h1>Title</h1>"));
+        QCOMPARE(preview.mid(1), (QStringList{"Markdown Preview", "/work/"}));
     }
 
     void utilityPageShowsAReadOnlyEditor()
