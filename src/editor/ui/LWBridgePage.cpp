@@ -17,6 +17,8 @@
 namespace {
 
 constexpr int evaluationTimeoutMilliseconds = 60000;
+// The engine loads HTML strings as encoded data URLs, which it caps at 2 MB.
+constexpr qsizetype htmlStringLimit = 2 * 1024 * 1024;
 
 // The client side of the channel, present in every document so that the
 // page can connect with new QWebChannel(qt.webChannelTransport, ...).
@@ -69,7 +71,12 @@ void LWBridgePage::loadShellHTML(const QString &html, const QUrl &baseUrl)
     shellLoadPending = true;
     shellLoadTrusted = baseUrl.isEmpty() || isTrustedFile(baseUrl);
     attachBridge(shellLoadTrusted);
-    setHtml(html, baseUrl);
+    const QByteArray bytes = html.toUtf8();
+    if (bytes.size() > htmlStringLimit)
+        qWarning("HTML of %lld bytes is too large to load as a string (the engine takes about %lld); "
+                 "the page will stay empty",
+                 static_cast<long long>(bytes.size()), static_cast<long long>(htmlStringLimit));
+    setContent(bytes, QStringLiteral("text/html;charset=UTF-8"), baseUrl);
 }
 
 void LWBridgePage::loadShellRequest(const QWebEngineHttpRequest &request)
