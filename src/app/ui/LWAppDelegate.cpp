@@ -79,13 +79,22 @@ void LWAppDelegate::postProcess()
     if (started)
         return;
     started = true;
+    try {
+        buildWorkspace();
+    } catch (const std::exception &error) {
+        qWarning("Start-up could not build the workspace: %s", error.what());
+    }
+    StoredEditorSettings::apply(*viewMenu, *findMenu);
+    emit editorReady();
+}
+
+void LWAppDelegate::buildWorkspace()
+{
     const QStringList paths = startupPaths();
     documents = paths.isEmpty() ? LWDocumentManager::newWithUntitled() : LWDocumentManager::newWithPaths(paths);
     LWDocumentManager::setShared(documents.get());
     if (const std::shared_ptr<LWDocument> current = documents->currentDocument())
         switchTo(current);
-    StoredEditorSettings::apply(*viewMenu, *findMenu);
-    emit editorReady();
 }
 
 QStringList LWAppDelegate::startupPaths() const

@@ -99,6 +99,7 @@ signals:
 private:
     void buildWindow();
     void postProcess();
+    void buildWorkspace();
     QStringList startupPaths() const;
     void switchTo(const std::shared_ptr<LWDocument> &document);
 
