@@ -150,10 +150,8 @@ void buildView(QMenu *menu, LWViewMenuController *controller, const LWEnvironmen
     addItems(menu, controller,
              {{"Zoom In", "fontZoomInAction", "Ctrl+=", false}, {"Zoom Out", "fontZoomOutAction", "Ctrl+-", false}});
     QMenu *themes = menu->addMenu(QStringLiteral("Themes"));
-    if (environment)
-        addBundleItems(themes, controller,
-                       environment->menuArrayFor(QStringLiteral("themes"), QStringLiteral("setThemeAction:")),
-                       QStringLiteral("setThemeAction"));
+    themes->setObjectName(QStringLiteral("themesMenu"));
+    fillThemes(themes, controller, environment);
 }
 
 void buildFind(QMenu *menu, LWFindMenuController *controller)
@@ -190,6 +188,15 @@ void build(QMenuBar *bar, const Controllers &controllers, const LWEnvironment *e
     QMenu *find = bar->addMenu(QStringLiteral("Find"));
     buildFind(find, controllers.find);
     validateOnShow(find, controllers.find);
+}
+
+void fillThemes(QMenu *themes, LWViewMenuController *controller, const LWEnvironment *environment)
+{
+    themes->clear();
+    if (environment)
+        addBundleItems(themes, controller,
+                       environment->menuArrayFor(QStringLiteral("themes"), QStringLiteral("setThemeAction:")),
+                       QStringLiteral("setThemeAction"));
 }
 
 }

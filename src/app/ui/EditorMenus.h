@@ -7,6 +7,7 @@ class LWEditMenuController;
 class LWEnvironment;
 class LWFindMenuController;
 class LWViewMenuController;
+class QMenu;
 class QMenuBar;
 
 // The Edit, Document, View and Find menus with their keyboard shortcuts.
@@ -24,5 +25,8 @@ struct Controllers
 };
 
 void build(QMenuBar *bar, const Controllers &controllers, const LWEnvironment *environment);
+
+// Refills the View menu's Themes submenu (object name "themesMenu") from the registry.
+void fillThemes(QMenu *themes, LWViewMenuController *controller, const LWEnvironment *environment);
 
 }

@@ -3,6 +3,7 @@
 #include "app/ui/LWAppDelegate.h"
 
 #include "app/ui/Dialogs.h"
+#include "app/ui/EditorMenus.h"
 #include "app/ui/DocumentTabs.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/PluginsMenu.h"
@@ -11,6 +12,8 @@
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
 
+#include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QPrintDialog>
@@ -53,7 +56,8 @@ void LWAppDelegate::setRunButtonVisible(bool visible)
 
 void LWAppDelegate::updateThemesMenu()
 {
-    qInfo("The Themes menu lists the new theme after a restart");
+    if (auto *themes = mainWindow->menuBar()->findChild<QMenu *>(QStringLiteral("themesMenu")))
+        EditorMenus::fillThemes(themes, viewMenu.get(), environment.get());
 }
 
 void LWAppDelegate::showAlert(const QString &title, const QString &informativeText,

@@ -4,10 +4,12 @@
 #include "documents/LWDocumentManager.h"
 #include "editor/LWViewMenuController.h"
 #include "editor/ui/LWUtilityWebViewController.h"
+#include "extensions/LWBundle.h"
 
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
+#include <QMenuBar>
 #include <QSignalSpy>
 #include <QToolButton>
 #include <QtTest>
@@ -27,6 +29,7 @@ private slots:
     void pageAnswersReachThePage();
     void utilityContentFromThePage();
     void menuTogglesChangeTheEditor();
+    void themeAndLanguageItemsSwitchTheEditor();
     void terminalOutputArrivesInTheTerminal();
 
 private:
@@ -136,6 +139,27 @@ void TestAppDelegate::menuTogglesChangeTheEditor()
     view->trigger();
     QCOMPARE(page(QStringLiteral("String(lw.editor.renderer.getShowGutter())")),
              before ? QStringLiteral("true") : QStringLiteral("false"));
+}
+
+void TestAppDelegate::themeAndLanguageItemsSwitchTheEditor()
+{
+    delegate->updateThemesMenu();
+    QMenu *themes = delegate->window()->menuBar()->findChild<QMenu *>(QStringLiteral("themesMenu"));
+    QVERIFY(themes && themes->actions().size() > 1);
+    QAction *themeItem = themes->actions().at(1);
+    const auto *theme = qobject_cast<LWBundle *>(themeItem->data().value<QObject *>());
+    themeItem->trigger();
+    QTRY_COMPARE(page(QStringLiteral("lw.editor.renderer.$themeId")),
+                 QStringLiteral("ace/theme/") + theme->infoText(QStringLiteral("name")));
+    QCOMPARE(LWDefaults::shared()->stringForKey(QStringLiteral("LW_Theme")), themeItem->text());
+
+    const QList<QAction *> languages = delegate->window()->findChildren<QAction *>(QStringLiteral("setSpecAction"));
+    const auto python = std::find_if(languages.begin(), languages.end(),
+                                     [](QAction *item) { return item->text() == QLatin1String("Python"); });
+    QVERIFY(python != languages.end());
+    (*python)->trigger();
+    QTRY_COMPARE(page(QStringLiteral("lw.editor.session.$modeId")), QStringLiteral("ace/mode/python"));
+    QCOMPARE(delegate->documentManager()->currentDocument()->specName(), QStringLiteral("Python"));
 }
 
 void TestAppDelegate::terminalOutputArrivesInTheTerminal()
