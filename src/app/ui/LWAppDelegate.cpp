@@ -73,7 +73,9 @@ void LWAppDelegate::buildWindow()
 
 // The editor page has loaded: the first time, build the workspace (the
 // command line's paths, else the remembered ones, else one untitled file),
-// show its current document and apply the stored settings.
+// let the outline select and open the node the workspace names, and apply
+// the stored settings. A later load of the page keeps the workspace, so
+// nothing open is lost.
 void LWAppDelegate::postProcess()
 {
     if (started)
@@ -93,8 +95,7 @@ void LWAppDelegate::buildWorkspace()
     const QStringList paths = startupPaths();
     documents = paths.isEmpty() ? LWDocumentManager::newWithUntitled() : LWDocumentManager::newWithPaths(paths);
     LWDocumentManager::setShared(documents.get());
-    if (const std::shared_ptr<LWDocument> current = documents->currentDocument())
-        switchTo(current);
+    QMetaObject::invokeMethod(this, &LWAppDelegate::reloadOutline, Qt::QueuedConnection);
 }
 
 QStringList LWAppDelegate::startupPaths() const

@@ -184,11 +184,17 @@ void LWAppDelegate::setStatusSpinnerVisible(bool visible)
     mainWindow->setSpinnerVisible(visible);
 }
 
+// The node named by setDocumentToSelect() is selected once the outline shows
+// it, and a selection the workspace asks for opens the node in the editor.
 void LWAppDelegate::reloadOutline()
 {
     mainWindow->outline()->reload(documents->documentTree());
-    if (documentToSelect)
-        mainWindow->outline()->select(std::exchange(documentToSelect, nullptr));
+    if (!documentToSelect)
+        return;
+    const std::shared_ptr<LWDocument> selected = std::exchange(documentToSelect, nullptr);
+    mainWindow->outline()->select(selected);
+    if (selected->isFile())
+        switchTo(selected);
 }
 
 void LWAppDelegate::selectInOutline(const std::shared_ptr<LWDocument> &document)

@@ -1,7 +1,9 @@
 #include "app/LWDefaults.h"
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
+#include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
+#include "documents/LWDocumentTree.h"
 #include "editor/LWViewMenuController.h"
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "extensions/LWBundle.h"
@@ -80,6 +82,7 @@ void TestAppDelegate::startsWithAnUntitledDocument()
     const LWDocument::Ptr current = delegate->documentManager()->currentDocument();
     QVERIFY(current);
     QVERIFY(current->isUntitled());
+    QCOMPARE(current, delegate->documentManager()->documentTree().filesGroup()->children().front());
     QCOMPARE(delegate->window()->windowTitle(), current->label());
     QCOMPARE(page(QStringLiteral("lw.editor.getValue()")), QString());
 }
@@ -101,6 +104,8 @@ void TestAppDelegate::pageCallsReachTheBackend()
 
     page(QStringLiteral("lw.editor.setValue('typed'); ''"));
     QTRY_VERIFY(!delegate->documentManager()->currentDocument()->saved());
+    QTRY_COMPARE(delegate->window()->outline()->currentItem()->text(0),
+                 delegate->documentManager()->currentDocument()->label() + QStringLiteral(" *"));
 }
 
 void TestAppDelegate::pageAnswersReachThePage()
