@@ -113,12 +113,14 @@ void buildDocument(QMenu *menu, LWDocumentMenuController *controller, const LWEn
               {"Unfold Current", "foldingUnfoldCurrentAction", "Ctrl+Alt+]", false}});
     menu->addSeparator();
     QMenu *languages = menu->addMenu(QStringLiteral("Language"));
+    languages->setObjectName(QStringLiteral("specsMenu"));
+    addItem(languages, controller, QStringLiteral("Override default for current extension"),
+            QStringLiteral("setDefaultForCurrentExtension"), QString(), true);
+    languages->addSeparator();
     if (environment)
         addBundleItems(languages, controller,
                        environment->menuArrayFor(QStringLiteral("specs"), QStringLiteral("setSpecAction:")),
                        QStringLiteral("setSpecAction"));
-    addItem(menu, controller, QStringLiteral("Override default for current extension"),
-            QStringLiteral("setDefaultForCurrentExtension"), QString(), true);
 }
 
 void buildView(QMenu *menu, LWViewMenuController *controller, const LWEnvironment *environment)

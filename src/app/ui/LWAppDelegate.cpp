@@ -20,6 +20,7 @@
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/LWPluginsMenuController.h"
 
+#include <QMenu>
 #include <QMenuBar>
 #include <QWebEngineView>
 
@@ -59,6 +60,7 @@ void LWAppDelegate::buildWindow()
     mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
     EditorMenus::build(mainWindow->menuBar(), {editMenu.get(), documentMenu.get(), viewMenu.get(), findMenu.get()},
                        environment.get());
+    mainWindow->setSpecMenu(mainWindow->menuBar()->findChild<QMenu *>(QStringLiteral("specsMenu")));
     pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get());
     pluginsMenu = std::make_unique<PluginsMenu>(mainWindow->menuBar()->addMenu(QStringLiteral("Plugins")),
                                                 environment.get(), pluginsController.get());

@@ -107,11 +107,13 @@ void LWMainWindow::buildStatusBar()
 {
     statusMessage = new QLabel(this);
     statusSpinner = spinner(this);
-    specLabel = new QLabel(this);
+    specButton = new QToolButton(this);
+    specButton->setPopupMode(QToolButton::InstantPopup);
+    specButton->setAutoRaise(true);
     locationField = new QLabel(this);
     statusBar()->addWidget(statusMessage, 1);
     statusBar()->addWidget(statusSpinner);
-    statusBar()->addPermanentWidget(specLabel);
+    statusBar()->addPermanentWidget(specButton);
     statusBar()->addPermanentWidget(locationField);
     statusSpinner->hide();
 }
@@ -145,7 +147,12 @@ void LWMainWindow::setLocationText(const QString &text)
 
 void LWMainWindow::setSpecTitle(const QString &title)
 {
-    specLabel->setText(title);
+    specButton->setText(title);
+}
+
+void LWMainWindow::setSpecMenu(QMenu *menu)
+{
+    specButton->setMenu(menu);
 }
 
 void LWMainWindow::setSidebarVisible(bool visible)

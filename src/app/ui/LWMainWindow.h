@@ -6,6 +6,7 @@
 class DocumentTabs;
 class QImage;
 class QLabel;
+class QMenu;
 class QProgressBar;
 class QSplitter;
 class QStackedWidget;
@@ -34,6 +35,8 @@ public:
     void setSpinnerVisible(bool visible);
     void setLocationText(const QString &text);
     void setSpecTitle(const QString &title);
+    // The languages offered by the status bar's language pop-up.
+    void setSpecMenu(QMenu *menu);
 
     // Layout parts.
     void setSidebarVisible(bool visible);
@@ -75,6 +78,6 @@ private:
     QToolButton *pluginMenuButton;
     QLabel *statusMessage;
     QProgressBar *statusSpinner;
-    QLabel *specLabel;
+    QToolButton *specButton;
     QLabel *locationField;
 };

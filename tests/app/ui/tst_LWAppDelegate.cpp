@@ -165,6 +165,10 @@ void TestAppDelegate::themeAndLanguageItemsSwitchTheEditor()
     (*python)->trigger();
     QTRY_COMPARE(page(QStringLiteral("lw.editor.session.$modeId")), QStringLiteral("ace/mode/python"));
     QCOMPARE(delegate->documentManager()->currentDocument()->specName(), QStringLiteral("Python"));
+    const QList<QToolButton *> buttons = delegate->window()->findChildren<QToolButton *>();
+    QVERIFY(std::any_of(buttons.begin(), buttons.end(), [python](QToolButton *button) {
+        return button->text() == QLatin1String("Python") && button->menu() == (*python)->parent();
+    }));
 }
 
 void TestAppDelegate::terminalOutputArrivesInTheTerminal()
