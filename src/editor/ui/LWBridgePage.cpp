@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int evaluationTimeoutMilliseconds = 60000;
+constexpr int unloadTimeoutMilliseconds = 10000;
 // The engine loads HTML strings as encoded data URLs, which it caps at 2 MB.
 constexpr qsizetype htmlStringLimit = 2 * 1024 * 1024;
 
@@ -49,6 +50,10 @@ LWBridgePage::LWBridgePage(QObject *backend, QObject *parent)
 {
     bridge->registerObject(QStringLiteral("core"), backend);
     scripts().insert(channelClientScript());
+    connect(this, &QWebEnginePage::loadFinished, this, [this](bool ok) {
+        if (!unloading)
+            emit contentLoaded(ok);
+    });
 }
 
 bool LWBridgePage::isTrustedFile(const QUrl &url)
@@ -68,9 +73,12 @@ bool LWBridgePage::isTrustedFile(const QUrl &url)
 
 void LWBridgePage::loadShellHTML(const QString &html, const QUrl &baseUrl)
 {
+    const bool trusted = baseUrl.isEmpty() || isTrustedFile(baseUrl);
+    if (trusted)
+        unloadUntrustedDocument();
     shellLoadPending = true;
-    shellLoadTrusted = baseUrl.isEmpty() || isTrustedFile(baseUrl);
-    attachBridge(shellLoadTrusted);
+    shellLoadTrusted = trusted;
+    attachBridge(trusted);
     const QByteArray bytes = html.toUtf8();
     if (bytes.size() > htmlStringLimit)
         qWarning("HTML of %lld bytes is too large to load as a string (the engine takes about %lld); "
@@ -81,8 +89,11 @@ void LWBridgePage::loadShellHTML(const QString &html, const QUrl &baseUrl)
 
 void LWBridgePage::loadShellRequest(const QWebEngineHttpRequest &request)
 {
+    const bool trusted = isTrustedFile(request.url());
+    if (trusted)
+        unloadUntrustedDocument();
     shellLoadPending = false;
-    attachBridge(isTrustedFile(request.url()));
+    attachBridge(trusted);
     load(request);
 }
 
@@ -98,6 +109,20 @@ bool LWBridgePage::acceptNavigationRequest(const QUrl &url, NavigationType type,
         qInfo("Page at %s runs without the native bridge", qPrintable(url.toDisplayString().left(200)));
     attachBridge(trusted);
     return true;
+}
+
+void LWBridgePage::unloadUntrustedDocument()
+{
+    if (isBridgeAttached() || url().isEmpty() || url().scheme() == QLatin1String("about"))
+        return;
+    QEventLoop loop;
+    connect(this, &QWebEnginePage::loadFinished, &loop, &QEventLoop::quit);
+    QTimer::singleShot(unloadTimeoutMilliseconds, &loop, &QEventLoop::quit);
+    unloading = true;
+    shellLoadPending = false;
+    setUrl(QUrl(QStringLiteral("about:blank")));
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    unloading = false;
 }
 
 void LWBridgePage::attachBridge(bool attach)

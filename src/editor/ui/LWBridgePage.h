@@ -12,7 +12,9 @@ class QWebEngineHttpRequest;
 // file under the resource folder or the data root, or an HTML string the
 // program itself loads with no base or a trusted one. Any other navigation
 // (http, https, a page-made data: URL, a file elsewhere) detaches it first,
-// so such a page cannot call into the backend.
+// so such a page cannot call into the backend. Attaching the channel reaches
+// the document on screen too, so an untrusted document is unloaded before
+// trusted content replaces it.
 class LWBridgePage : public QWebEnginePage
 {
     Q_OBJECT
@@ -37,13 +39,20 @@ public:
     // Local files under the resource folder or the data root.
     static bool isTrustedFile(const QUrl &url);
 
+signals:
+    // A load the program asked for (or the page made) has finished; the
+    // blank page that replaces an untrusted document is not reported.
+    void contentLoaded(bool ok);
+
 protected:
     bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override;
 
 private:
     void attachBridge(bool attach);
+    void unloadUntrustedDocument();
 
     QWebChannel *bridge;
     bool shellLoadPending = false;
     bool shellLoadTrusted = false;
+    bool unloading = false;
 };

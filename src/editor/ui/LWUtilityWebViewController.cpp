@@ -45,7 +45,7 @@ LWUtilityWebViewController::LWUtilityWebViewController(QObject *backend, QWidget
       bridgePage(new LWBridgePage(backend, webView))
 {
     webView->setPage(bridgePage);
-    connect(bridgePage, &QWebEnginePage::loadFinished, this, &LWUtilityWebViewController::finishLoad);
+    connect(bridgePage, &LWBridgePage::contentLoaded, this, &LWUtilityWebViewController::finishLoad);
 }
 
 QString LWUtilityWebViewController::evaluate(const QString &script)

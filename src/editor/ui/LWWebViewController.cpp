@@ -13,7 +13,7 @@ LWWebViewController::LWWebViewController(QObject *backend, QWidget *viewParent)
       bridgePage(new LWBridgePage(backend, webView))
 {
     webView->setPage(bridgePage);
-    connect(bridgePage, &QWebEnginePage::loadFinished, this, &LWWebViewController::pageLoaded);
+    connect(bridgePage, &LWBridgePage::contentLoaded, this, &LWWebViewController::pageLoaded);
     loadEditorPage();
 }
 

@@ -88,6 +88,7 @@ private slots:
     void shellHTMLReachesCoreButRemotePagesDoNot();
     void pageNavigatingAwayLosesTheBridge();
     void remoteFrameInsideABridgedPageCannotReachCore();
+    void remotePageBeingReplacedCannotCatchTheBridge();
     void cookiesBecomeTheRequestHeader();
     void utilityEditorReusesALoadedMode();
 
@@ -194,6 +195,22 @@ void TestWebViewControllers::remoteFrameInsideABridgedPageCannotReachCore()
     QTRY_COMPARE(utility->evaluate(QStringLiteral("window.frameSaid")), QStringLiteral("no"));
     QTest::qWait(300);
     QCOMPARE(probe.hits, QStringList{QStringLiteral("string")});
+}
+
+void TestWebViewControllers::remotePageBeingReplacedCannotCatchTheBridge()
+{
+    // The remote page keeps looking for the transport while the program
+    // replaces it with trusted content.
+    PageServer server("<html><body><script>setInterval(function () {"
+                      "if (typeof qt !== 'undefined' && qt.webChannelTransport && !window.caught) {"
+                      "window.caught = true; new QWebChannel(qt.webChannelTransport, "
+                      "function (c) { c.objects.core.hit('caught'); }); } }, 1);</script></body></html>");
+    for (int round = 0; round < 5; ++round) {
+        QCOMPARE(loadUtility([&] { utility->loadHTMLFile(server.url()); }), QString());
+        loadUtility([&] { utility->loadHTML(QString::fromUtf8(probingPage(QStringLiteral("string")))); });
+    }
+    QTest::qWait(300);
+    QCOMPARE(probe.hits, QStringList(5, QStringLiteral("string")));
 }
 
 void TestWebViewControllers::cookiesBecomeTheRequestHeader()
