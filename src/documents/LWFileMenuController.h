@@ -8,9 +8,11 @@
 class LWDocumentManager;
 
 // The File menu: new, new from template, open, open in new tab, save, save
-// as and print, acting on the application's document manager. The recent,
-// close and close-all items exist only so that their menu items have
-// targets; closing is done through the tab bar.
+// as, close, close all and print, acting on the application's document
+// manager. The recent item exists only so that its menu item has a target.
+// Closing takes loose files (the "FILES" group) out of the workspace and off
+// the tab bar, after asking when that would drop unsaved changes; files of
+// imported folders stay where they are.
 class LWFileMenuController
 {
 public:
@@ -22,8 +24,10 @@ public:
     void openAction();
     void openInNewTab();
     void openRecentAction() {}
-    void closeAction() {}
-    void closeAllAction() {}
+    // The current document, when it is a loose file.
+    void closeAction();
+    // Every loose file; a new untitled file takes their place.
+    void closeAllAction();
     void saveAction();
     void saveAsAction();
     void printAction();
@@ -33,6 +37,9 @@ public:
 
 private:
     void addLooseFile(const LWDocument::Ptr &document);
+    bool isLooseFile(const LWDocument::Ptr &document) const;
+    void closeLooseFiles(const LWDocument::List &documents);
+    void removeLooseFiles(const LWDocument::List &documents);
 
     LWDocumentManager &manager;
 };

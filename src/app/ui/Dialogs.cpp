@@ -57,6 +57,21 @@ void answerPath(QFileDialog *dialog, const std::function<void(const QString &)> 
     dialog->open();
 }
 
+// Two buttons; answers 1 for the default one, 0 for the alternative.
+void twoButtons(QWidget *window, const QString &title, const QString &informativeText,
+                const QString &defaultTitle, const QString &alternativeTitle,
+                const std::function<void(int)> &answered)
+{
+    QMessageBox *box = messageBox(window, title, informativeText);
+    QPushButton *preferred = box->addButton(defaultTitle, QMessageBox::AcceptRole);
+    box->addButton(alternativeTitle, QMessageBox::RejectRole);
+    box->setDefaultButton(preferred);
+    QObject::connect(box, &QMessageBox::finished, box, [box, preferred, answered] {
+        answered(box->clickedButton() == preferred ? 1 : 0);
+    });
+    box->open();
+}
+
 }
 
 void alert(QWidget *window, const QString &title, const QString &informativeText,
@@ -72,14 +87,13 @@ void alert(QWidget *window, const QString &title, const QString &informativeText
 void okCancel(QWidget *window, const QString &title, const QString &informativeText,
               const std::function<void(int)> &answered)
 {
-    QMessageBox *box = messageBox(window, title, informativeText);
-    QPushButton *ok = box->addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
-    box->addButton(QStringLiteral("Cancel"), QMessageBox::RejectRole);
-    box->setDefaultButton(ok);
-    QObject::connect(box, &QMessageBox::finished, box, [box, ok, answered] {
-        answered(box->clickedButton() == ok ? 1 : 0);
-    });
-    box->open();
+    twoButtons(window, title, informativeText, QStringLiteral("OK"), QStringLiteral("Cancel"), answered);
+}
+
+void yesNo(QWidget *window, const QString &title, const QString &informativeText,
+           const std::function<void(int)> &answered)
+{
+    twoButtons(window, title, informativeText, QStringLiteral("No"), QStringLiteral("Yes"), answered);
 }
 
 void input(QWidget *window, const QString &title, const QString &defaultValue,

@@ -18,6 +18,9 @@ void alert(QWidget *window, const QString &title, const QString &informativeText
 // "OK" / "Cancel": answers 1 for "OK", 0 for "Cancel".
 void okCancel(QWidget *window, const QString &title, const QString &informativeText,
               const std::function<void(int)> &answered);
+// "No" (the default, so Return is the safe answer) / "Yes": answers 0 for "Yes", 1 for "No".
+void yesNo(QWidget *window, const QString &title, const QString &informativeText,
+           const std::function<void(int)> &answered);
 // One text field with defaultValue as its grey hint, so "OK" on an untouched
 // field answers "".
 void input(QWidget *window, const QString &title, const QString &defaultValue,

@@ -20,3 +20,24 @@ void DocumentTabs::addDocument(const LWDocument::Ptr &document)
     documents.push_back(document);
     setCurrentIndex(addTab(document->label()));
 }
+
+void DocumentTabs::showInCurrentTab(const LWDocument::Ptr &document)
+{
+    const int index = currentIndex();
+    if (index < 0 || index >= static_cast<int>(documents.size())) {
+        addDocument(document);
+        return;
+    }
+    documents[index] = document;
+    setTabText(index, document->label());
+}
+
+void DocumentTabs::removeDocument(const LWDocument::Ptr &document)
+{
+    for (int index = static_cast<int>(documents.size()) - 1; index >= 0; --index) {
+        if (documents[index].lock() == document) {
+            documents.erase(documents.begin() + index);
+            removeTab(index);
+        }
+    }
+}

@@ -4,11 +4,13 @@
 #include "app/LWDefaultsController.h"
 #include "app/ui/DocumentTabs.h"
 #include "app/ui/EditorMenus.h"
+#include "app/ui/FileMenu.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/PluginsMenu.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
+#include "documents/LWFileMenuController.h"
 #include "editor/LWBackend.h"
 #include "editor/LWDocumentMenuController.h"
 #include "editor/LWEditMenuController.h"
@@ -20,6 +22,7 @@
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/LWPluginsMenuController.h"
 
+#include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QWebEngineView>
@@ -29,7 +32,8 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
       environment(std::make_unique<LWEnvironment>()),
       bridge(std::make_unique<LWBackend>()),
       defaultsController(std::make_unique<LWDefaultsController>()),
-      documents(std::make_unique<LWDocumentManager>())
+      documents(std::make_unique<LWDocumentManager>()),
+      fileMenu(std::make_unique<LWFileMenuController>(*documents))
 {
     LWEnvironment::setShared(environment.get());
     environment->load();
@@ -43,6 +47,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     buildWindow();
     LWShell::setInstance(this);
     connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &LWAppDelegate::rememberWorkspace);
 }
 
 LWAppDelegate::~LWAppDelegate()
@@ -58,6 +63,8 @@ LWAppDelegate::~LWAppDelegate()
 void LWAppDelegate::buildWindow()
 {
     mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
+    FileMenu::build(mainWindow->menuBar(), [this]() -> LWFileMenuController & { return *fileMenu; },
+                    environment.get(), [this] { requestQuit(); });
     EditorMenus::build(mainWindow->menuBar(), {editMenu.get(), documentMenu.get(), viewMenu.get(), findMenu.get()},
                        environment.get());
     mainWindow->setSpecMenu(mainWindow->menuBar()->findChild<QMenu *>(QStringLiteral("specsMenu")));
@@ -69,7 +76,8 @@ void LWAppDelegate::buildWindow()
             &LWBackend::utilityViewMenuItemClicked_);
     connect(mainWindow.get(), &LWMainWindow::runRequested, pluginsController.get(),
             [this] { pluginsController->executePluginAction(); });
-    connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::switchTo);
+    connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::openFromOutline);
+    connect(mainWindow.get(), &LWMainWindow::closeRequested, this, &LWAppDelegate::windowCloseRequested);
     connect(mainWindow->tabs(), &DocumentTabs::documentChosen, this, &LWAppDelegate::switchTo);
 }
 
@@ -97,6 +105,7 @@ void LWAppDelegate::buildWorkspace()
     const QStringList paths = startupPaths();
     documents = paths.isEmpty() ? LWDocumentManager::newWithUntitled() : LWDocumentManager::newWithPaths(paths);
     LWDocumentManager::setShared(documents.get());
+    fileMenu = std::make_unique<LWFileMenuController>(*documents);
     QMetaObject::invokeMethod(this, &LWAppDelegate::reloadOutline, Qt::QueuedConnection);
 }
 
@@ -113,4 +122,10 @@ QStringList LWAppDelegate::startupPaths() const
 void LWAppDelegate::switchTo(const std::shared_ptr<LWDocument> &document)
 {
     documents->switchToDoc(document);
+}
+
+void LWAppDelegate::openFromOutline(const std::shared_ptr<LWDocument> &document)
+{
+    switchTo(document);
+    mainWindow->tabs()->showInCurrentTab(document);
 }

@@ -13,6 +13,7 @@ class LWDocumentManager;
 class LWDocumentMenuController;
 class LWEditMenuController;
 class LWEnvironment;
+class LWFileMenuController;
 class LWFindMenuController;
 class LWMainWindow;
 class LWPluginsMenuController;
@@ -24,8 +25,9 @@ class LWWebViewController;
 // The application's service locator and its window: creates the shared
 // collaborators in start-up order (registry, backend, defaults, pages, menu
 // controllers, window), builds the workspace once the editor page has
-// loaded, applies the stored settings to the page, and answers the core
-// library's requests of the window (LWShell).
+// loaded, applies the stored settings to the page, decides whether the
+// application may quit, and answers the core library's requests of the
+// window (LWShell).
 class LWAppDelegate : public QObject, public LWShell
 {
     Q_OBJECT
@@ -40,6 +42,10 @@ public:
     LWWebViewController *webView() const { return editorPage.get(); }
     LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
     LWDocumentManager *documentManager() const { return documents.get(); }
+
+    // The Quit command: quits at once when "LW_DoOnQuit" is non-zero or
+    // nothing is unsaved, otherwise only after the user confirms.
+    void requestQuit();
 
     // --- LWShell
     QString evaluateInEditor(const QString &script) override;
@@ -84,6 +90,7 @@ public:
     std::shared_ptr<LWDocument> selectedInOutline() override;
     void openOutlineSelectionInNewTab() override;
     void addTabWithDocument(const std::shared_ptr<LWDocument> &document) override;
+    void removeTabsOfDocument(const std::shared_ptr<LWDocument> &document) override;
     void setSelectedTabTitle(const QString &title) override;
     void setDocumentToSelect(const std::shared_ptr<LWDocument> &document) override;
     void noteRecentDocument(const QString &path) override;
@@ -102,14 +109,23 @@ private:
     void buildWorkspace();
     QStringList startupPaths() const;
     void switchTo(const std::shared_ptr<LWDocument> &document);
+    // A file chosen in the outline replaces the current tab's document.
+    void openFromOutline(const std::shared_ptr<LWDocument> &document);
+    // The window's close button quits as "LW_DoOnQuit" says (2 and up: it does nothing).
+    void windowCloseRequested();
+    void terminate();
+    void rememberWorkspace();
 
     QStringList launchPaths;
     bool started = false;
+    bool appTerminating = false;
     std::shared_ptr<LWDocument> documentToSelect;
     std::unique_ptr<LWEnvironment> environment;
     std::unique_ptr<LWBackend> bridge;
     std::unique_ptr<LWDefaultsController> defaultsController;
     std::unique_ptr<LWDocumentManager> documents;
+    // Rebuilt with the workspace, since it acts on one manager.
+    std::unique_ptr<LWFileMenuController> fileMenu;
     std::unique_ptr<LWEditMenuController> editMenu;
     std::unique_ptr<LWDocumentMenuController> documentMenu;
     std::unique_ptr<LWViewMenuController> viewMenu;

@@ -194,12 +194,15 @@ void LWAppDelegate::reloadOutline()
     const std::shared_ptr<LWDocument> selected = std::exchange(documentToSelect, nullptr);
     mainWindow->outline()->select(selected);
     if (selected->isFile())
-        switchTo(selected);
+        openFromOutline(selected);
 }
 
+// Selecting a file opens it, as a click on its row does.
 void LWAppDelegate::selectInOutline(const std::shared_ptr<LWDocument> &document)
 {
     mainWindow->outline()->select(document);
+    if (document && document->isFile() && document != documents->currentDocument())
+        openFromOutline(document);
 }
 
 void LWAppDelegate::expandInOutline(const std::shared_ptr<LWDocument> &document, bool withChildren)
@@ -224,6 +227,11 @@ void LWAppDelegate::openOutlineSelectionInNewTab()
 void LWAppDelegate::addTabWithDocument(const std::shared_ptr<LWDocument> &document)
 {
     mainWindow->tabs()->addDocument(document);
+}
+
+void LWAppDelegate::removeTabsOfDocument(const std::shared_ptr<LWDocument> &document)
+{
+    mainWindow->tabs()->removeDocument(document);
 }
 
 void LWAppDelegate::setSelectedTabTitle(const QString &title)

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 namespace LWApplication {
 
@@ -29,7 +30,10 @@ Options parse(const QApplication &app)
     parser.addPositionalArgument(QStringLiteral("paths"), QStringLiteral("Files and folders to open."),
                                  QStringLiteral("[paths...]"));
     parser.process(app);
-    return {parser.value(QStringLiteral("screenshot")), parser.positionalArguments()};
+    QStringList paths;
+    for (const QString &path : parser.positionalArguments())
+        paths << QFileInfo(path).absoluteFilePath();
+    return {parser.value(QStringLiteral("screenshot")), paths};
 }
 
 }

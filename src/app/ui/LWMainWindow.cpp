@@ -3,6 +3,7 @@
 #include "app/ui/DocumentTabs.h"
 #include "app/ui/WorkspaceOutline.h"
 
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QImage>
 #include <QLabel>
@@ -116,6 +117,12 @@ void LWMainWindow::buildStatusBar()
     statusBar()->addPermanentWidget(specButton);
     statusBar()->addPermanentWidget(locationField);
     statusSpinner->hide();
+}
+
+void LWMainWindow::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    emit closeRequested();
 }
 
 void LWMainWindow::setStatusMessage(const QString &message)

@@ -59,6 +59,11 @@ public:
 signals:
     void pluginMenuItemChosen(const QString &title);
     void runRequested();
+    // The close button was pressed; the window stays open, the application decides.
+    void closeRequested();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     QWidget *buildEditorArea();
