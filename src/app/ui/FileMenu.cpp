@@ -48,7 +48,8 @@ void addItems(QMenu *menu, const Controller &controller, std::initializer_list<I
 // record) make a new file from the template.
 void fillTemplates(QMenu *templates, const Controller &controller, const LWEnvironment *environment)
 {
-    const QVariantMap languages = environment->templatesDictionaryWithSelector(QStringLiteral("newFromTemplateAction:"));
+    const QVariantMap languages =
+        environment->templatesDictionaryWithSelector(QStringLiteral("newFromTemplateAction:"));
     for (auto language = languages.cbegin(); language != languages.cend(); ++language) {
         QMenu *submenu = templates->addMenu(language.key());
         for (const QVariant &description : language.value().toList()) {
