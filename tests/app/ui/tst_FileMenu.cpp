@@ -1,3 +1,4 @@
+#include "app/LWDefaults.h"
 #include "app/ui/DocumentTabs.h"
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
@@ -26,7 +27,7 @@ private slots:
     void saveWritesTheTypedText();
     void closeAsksBeforeUnsavedChangesGo();
     void newAddsUntitledDocuments();
-    void quitAsksWhileSomethingIsUnsaved();
+    void quitAndCloseButtonAskWhileSomethingIsUnsaved();
 
 private:
     QString page(const QString &script) { return delegate->evaluateInEditor(script); }
@@ -150,14 +151,24 @@ void TestFileMenu::newAddsUntitledDocuments()
     QVERIFY(!page(QStringLiteral("lw.editor.getValue()")).isEmpty());
 }
 
-void TestFileMenu::quitAsksWhileSomethingIsUnsaved()
+void TestFileMenu::quitAndCloseButtonAskWhileSomethingIsUnsaved()
 {
     type(QStringLiteral("unsaved"));
     QVERIFY(!delegate->documentManager()->documentTree().unsavedChanges());
     trigger("quitAction");
     answer(QStringLiteral("Are you sure?"), QStringLiteral("No"));
+    QVERIFY(!delegate->window()->close());
+    answer(QStringLiteral("Are you sure?"), QStringLiteral("No"));
     QVERIFY(delegate->window()->isVisible());
     QVERIFY(!current()->saved());
+
+    // With 2 the close button does nothing at all.
+    LWDefaults::shared()->setInteger(QStringLiteral("LW_DoOnQuit"), 2);
+    delegate->window()->close();
+    QTest::qWait(200);
+    QVERIFY(!delegate->window()->findChild<QMessageBox *>());
+    QVERIFY(delegate->window()->isVisible());
+    LWDefaults::shared()->removeObjectForKey(QStringLiteral("LW_DoOnQuit"));
 }
 
 QTEST_MAIN(TestFileMenu)
