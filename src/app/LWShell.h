@@ -76,7 +76,7 @@ public:
     virtual void setTabBarVisible(bool visible) = 0;
     virtual void setStatusBarVisible(bool visible) = 0;
 
-    // The specification pop-up's title and the plugin menus of one specification.
+    // The language specification pop-up's title and the plugin menus of one specification.
     virtual void setSpecPopupTitle(const QString &title) = 0;
     virtual void updatePluginMenusForSpec(LWSpec *spec) = 0;
 

@@ -128,7 +128,7 @@ public:
     // True when this node and everything below it are saved.
     bool unsavedChanges() const;
 
-    // A new node sharing this one's fields and child objects; the spec is
+    // A new node sharing this one's fields and child objects; the language specification is
     // the default for new documents and the dimmed icon is not taken over.
     Ptr copy() const;
 

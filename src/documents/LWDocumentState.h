@@ -10,7 +10,7 @@ class LWDocumentState
 {
 public:
     static LWDocumentState stateWithContent(const QString &content);
-    // The file's UTF-8 text (absent when unreadable) with the specification
+    // The file's UTF-8 text (absent when unreadable) with the language specification
     // its name selects (without the ".coffee.md" rule).
     static LWDocumentState stateFromPath(const QString &path);
 

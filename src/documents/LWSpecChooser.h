@@ -22,7 +22,7 @@ public:
     LWSpecChooser();
     explicit LWSpecChooser(const QVariantMap &userExtensions);
 
-    // The specification for the path, or null when no table knows it.
+    // The language specification for the path, or null when no table knows it.
     LWSpec *specForPath(const QString &path, CoffeeMarkdown coffee = CoffeeMarkdown::Recognised) const;
     std::optional<QString> specNameForPath(const QString &path) const;
 

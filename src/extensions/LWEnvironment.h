@@ -51,7 +51,7 @@ public:
     QHash<QString, LWSpec *> extensions() const { return specsByExtension; }
     LWPlugin *pluginByName(const QString &name) const;
 
-    // The specification for a file name: the user's override map (extension
+    // The language specification for a file name: the user's override map (extension
     // to specification name, the "LW_User_Extensions" default) first, then the
     // extension key, then the whole file name; nullptr when none matches (the
     // document then keeps its specification).
@@ -68,7 +68,7 @@ public:
     // --- Menu descriptions (selector: the action's name, e.g. "executePluginAction:")
     // One item per theme ("themes") or listed specification ("specs").
     QVariantList menuArrayFor(const QString &key, const QString &selector) const;
-    // The specification's own plugin menu from its plugin index; binds runPlugin
+    // The language specification's own plugin menu from its plugin index; binds runPlugin
     // and shows or hides the run button. Invalid for an ignored specification.
     QVariant pluginsArrayForSpec(LWSpec *spec, const QString &selector);
     // A separator and a "User" submenu of the plugins scoped "global" or to the
@@ -83,7 +83,7 @@ public:
 
     // --- Bundles the user adds
     // Copies the plugin folder into "User/Plugins", lists it and rebuilds the
-    // plugin menus for the specification they were last built for.
+    // plugin menus for the language specification they were last built for.
     void addUserPluginFromPath(const QString &path);
     // Copies the theme folder into "User/Themes", lists and installs it and
     // rebuilds the Themes menu (the name map keeps its state until next start).
@@ -113,7 +113,7 @@ private:
     QHash<QString, LWSpec *> specsByName;
     QHash<QString, LWSpec *> specsByExtension;
     LWPlugin *boundRunPlugin = nullptr;
-    LWSpec *menuSpec = nullptr; // the specification the plugin menus were last built for
+    LWSpec *menuSpec = nullptr; // the language specification the plugin menus were last built for
     bool updated = false;
 
     mutable QMutex lock;

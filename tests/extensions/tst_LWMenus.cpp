@@ -109,7 +109,7 @@ void tst_LWMenus::specPluginsBindTheLaterRunPlugin()
     LWSpec *python = environment->specNames().value("Python");
     const QVariantList menu = environment->pluginsArrayForSpec(python, action).toList();
     QVERIFY(shell.runButtonVisible);
-    // Of the two "@+R" plugins, the later in the spec's plugin list is bound.
+    // Of the two "@+R" plugins, the later in the language specification's plugin list is bound.
     LWPlugin *lastRunnable = nullptr;
     QHash<QString, LWPlugin *> byName;
     for (LWPlugin *plugin : python->plugins()) {
