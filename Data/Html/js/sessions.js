@@ -64,7 +64,7 @@
     var previous = session.lwModeName;
     session.lwModeName = name;
     return global.AceModules.load('mode', name).then(function (id) {
-      if (session.lwModeName === name)
+      if (!session.destroyed && session.lwModeName === name)
         session.setMode(id);
     }, function (err) {
       global.Bridge.log("Mode '" + name + "' not applied: " + err.message);

@@ -365,6 +365,24 @@ private slots:
         QCOMPARE(page->evalString("$Terminal.console.get_prompt()"), QStringLiteral("$ "));
     }
 
+    void terminalFloodShowsItsEndWithWholeLines()
+    {
+        // 20000 numbered lines in chunks that cut lines anywhere.
+        page->eval("(function () { var text = ''; for (var i = 0; i < 20000; i++) text += 'row ' + i + ' end\\n';"
+                   "  for (var at = 0; at < text.length; at += 777) $Terminal.write(text.slice(at, at + 777)); })()");
+        page->eval("window.setTerminalStdin(false);");
+        QTRY_VERIFY_WITH_TIMEOUT(page->eval("$Terminal.stats().idle").toBool(), 30000);
+        QCOMPARE(page->eval("$Terminal.stats().lines").toInt(), 20000);
+        const QStringList shown = page->eval("$('#terminal .terminal-output div div').map(function () {"
+                                             "  return $(this).text().replace(/\\u00a0/g, ' '); }).get()").toStringList();
+        QVERIFY(shown.filter("lines of output not shown").size() >= 1);
+        QCOMPARE(shown.last(), QStringLiteral("row 19999 end"));
+        const QStringList rows = shown.filter(QRegularExpression("^row"));
+        QVERIFY(rows.size() >= 1000);
+        for (const QString &row : rows)
+            QVERIFY2(QRegularExpression("^row \\d+ end$").match(row).hasMatch(), qPrintable(row));
+    }
+
     void pluginsCompileRunAndReportErrors()
     {
         const QString source = QStringLiteral(
