@@ -101,10 +101,8 @@ public:
     // The sidebar menu's "Open in New Tab" for the selected row.
     virtual void openOutlineSelectionInNewTab() = 0;
 
-    // Tab bar: a new active tab for a node, closing every tab of a node, and
-    // the selected tab's title.
+    // Tab bar: a new active tab for a node and the selected tab's title.
     virtual void addTabWithDocument(const std::shared_ptr<LWDocument> &document) = 0;
-    virtual void removeTabsOfDocument(const std::shared_ptr<LWDocument> &document) = 0;
     virtual void setSelectedTabTitle(const QString &title) = 0;
 
     // Workspace bookkeeping: the node the outline selects once it is shown,

@@ -6,7 +6,6 @@
 
 #include <QtDebug>
 
-#include <algorithm>
 
 LWFileMenuController::LWFileMenuController(LWDocumentManager &manager)
     : manager(manager)
@@ -109,66 +108,8 @@ void LWFileMenuController::printAction()
         shell->printText(document->content().value_or(QString()));
 }
 
-void LWFileMenuController::closeAction()
-{
-    const LWDocument::Ptr document = manager.currentDocument();
-    if (isLooseFile(document))
-        closeLooseFiles({document});
-}
-
-void LWFileMenuController::closeAllAction()
-{
-    const LWDocument::Ptr files = manager.documentTree().filesGroup();
-    if (files && files->noOfChildren() > 0)
-        closeLooseFiles(files->children());
-}
-
-bool LWFileMenuController::isLooseFile(const LWDocument::Ptr &document) const
-{
-    return document && document->isFile() && document->parent() == manager.documentTree().filesGroup();
-}
-
-void LWFileMenuController::closeLooseFiles(const LWDocument::List &documents)
-{
-    const bool unsaved = std::any_of(documents.begin(), documents.end(),
-                                     [](const LWDocument::Ptr &document) { return !document->saved(); });
-    if (!unsaved) {
-        removeLooseFiles(documents);
-        return;
-    }
-    if (LWShell *shell = LWShell::instance())
-        shell->showConfirmation(QStringLiteral("Are you sure?"),
-                                QStringLiteral("Closing drops the unsaved changes."),
-                                [this, documents](int answer) {
-                                    if (answer == 1)
-                                        removeLooseFiles(documents);
-                                });
-}
-
-// The editor moves to the last loose file left, or to a new untitled one.
-void LWFileMenuController::removeLooseFiles(const LWDocument::List &documents)
-{
-    const LWDocument::Ptr files = manager.documentTree().filesGroup();
-    LWShell *shell = LWShell::instance();
-    for (const LWDocument::Ptr &document : documents) {
-        files->removeChildDocument(document);
-        if (shell)
-            shell->removeTabsOfDocument(document);
-    }
-    if (files->noOfChildren() == 0) {
-        newAction();
-        return;
-    }
-    if (shell) {
-        shell->reloadOutline();
-        shell->selectInOutline(files->children().back());
-    }
-}
-
 bool LWFileMenuController::validateMenuItem(const QString &action) const
 {
-    if (action == QLatin1String("closeAction:"))
-        return isLooseFile(manager.currentDocument());
     if (action != QLatin1String("openInNewTab:"))
         return true;
     LWShell *shell = LWShell::instance();

@@ -8,11 +8,9 @@
 class LWDocumentManager;
 
 // The File menu: new, new from template, open, open in new tab, save, save
-// as, close, close all and print, acting on the application's document
-// manager. The recent item exists only so that its menu item has a target.
-// Closing takes loose files (the "FILES" group) out of the workspace and off
-// the tab bar, after asking when that would drop unsaved changes; files of
-// imported folders stay where they are.
+// as and print, acting on the application's document manager. Open recent,
+// close and close all exist only so that their menu items have targets:
+// documents are closed from the tab bar.
 class LWFileMenuController
 {
 public:
@@ -24,10 +22,8 @@ public:
     void openAction();
     void openInNewTab();
     void openRecentAction() {}
-    // The current document, when it is a loose file.
-    void closeAction();
-    // Every loose file; a new untitled file takes their place.
-    void closeAllAction();
+    void closeAction() {}
+    void closeAllAction() {}
     void saveAction();
     void saveAsAction();
     void printAction();
@@ -37,9 +33,6 @@ public:
 
 private:
     void addLooseFile(const LWDocument::Ptr &document);
-    bool isLooseFile(const LWDocument::Ptr &document) const;
-    void closeLooseFiles(const LWDocument::List &documents);
-    void removeLooseFiles(const LWDocument::List &documents);
 
     LWDocumentManager &manager;
 };

@@ -146,11 +146,6 @@ public:
         tabDocuments.append(document);
         calls.append(QStringLiteral("tab add ") + labelOf(document));
     }
-    void removeTabsOfDocument(const std::shared_ptr<LWDocument> &document) override
-    {
-        tabDocuments.removeAll(document);
-        calls.append(QStringLiteral("tab remove ") + labelOf(document));
-    }
     void setSelectedTabTitle(const QString &title) override { calls.append(QStringLiteral("tab title ") + title); }
     void setDocumentToSelect(const std::shared_ptr<LWDocument> &document) override
     {

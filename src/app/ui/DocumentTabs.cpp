@@ -31,13 +31,3 @@ void DocumentTabs::showInCurrentTab(const LWDocument::Ptr &document)
     documents[index] = document;
     setTabText(index, document->label());
 }
-
-void DocumentTabs::removeDocument(const LWDocument::Ptr &document)
-{
-    for (int index = static_cast<int>(documents.size()) - 1; index >= 0; --index) {
-        if (documents[index].lock() == document) {
-            documents.erase(documents.begin() + index);
-            removeTab(index);
-        }
-    }
-}

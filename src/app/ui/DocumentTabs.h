@@ -19,8 +19,6 @@ public:
     void addDocument(const LWDocument::Ptr &document);
     // Shows the node in the current tab instead of its node (a new tab when there is none).
     void showInCurrentTab(const LWDocument::Ptr &document);
-    // Closes every tab of the node.
-    void removeDocument(const LWDocument::Ptr &document);
 
 signals:
     void documentChosen(const LWDocument::Ptr &document);

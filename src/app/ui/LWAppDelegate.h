@@ -90,7 +90,6 @@ public:
     std::shared_ptr<LWDocument> selectedInOutline() override;
     void openOutlineSelectionInNewTab() override;
     void addTabWithDocument(const std::shared_ptr<LWDocument> &document) override;
-    void removeTabsOfDocument(const std::shared_ptr<LWDocument> &document) override;
     void setSelectedTabTitle(const QString &title) override;
     void setDocumentToSelect(const std::shared_ptr<LWDocument> &document) override;
     void noteRecentDocument(const QString &path) override;

@@ -229,11 +229,6 @@ void LWAppDelegate::addTabWithDocument(const std::shared_ptr<LWDocument> &docume
     mainWindow->tabs()->addDocument(document);
 }
 
-void LWAppDelegate::removeTabsOfDocument(const std::shared_ptr<LWDocument> &document)
-{
-    mainWindow->tabs()->removeDocument(document);
-}
-
 void LWAppDelegate::setSelectedTabTitle(const QString &title)
 {
     DocumentTabs *tabs = mainWindow->tabs();

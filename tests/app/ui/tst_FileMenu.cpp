@@ -25,7 +25,6 @@ private slots:
     void cleanupTestCase();
     void opensTheCommandLineFile();
     void saveWritesTheTypedText();
-    void closeAsksBeforeUnsavedChangesGo();
     void newAddsUntitledDocuments();
     void quitAndCloseButtonAskWhileSomethingIsUnsaved();
 
@@ -106,28 +105,6 @@ void TestFileMenu::saveWritesTheTypedText()
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("print('saved')\n"));
-}
-
-// Closing the only loose file leaves a new untitled one in its place.
-void TestFileMenu::closeAsksBeforeUnsavedChangesGo()
-{
-    const LWDocument::Ptr file = current();
-    type(QStringLiteral("not kept"));
-    trigger("closeAction");
-    answer(QStringLiteral("Are you sure?"), QStringLiteral("Cancel"));
-    QCOMPARE(files()->children(), LWDocument::List{file});
-    QCOMPARE(current(), file);
-
-    trigger("closeAction");
-    answer(QStringLiteral("Are you sure?"), QStringLiteral("OK"));
-    QTRY_VERIFY(current() != file && current()->isUntitled());
-    QCOMPARE(files()->children(), LWDocument::List{current()});
-    QFile onDisk(path);
-    QVERIFY(onDisk.open(QIODevice::ReadOnly));
-    QCOMPARE(onDisk.readAll(), QByteArray("print('saved')\n"));
-    DocumentTabs *tabs = delegate->window()->tabs();
-    for (int index = 0; index < tabs->count(); ++index)
-        QVERIFY(tabs->tabText(index) != QLatin1String("greeting.py"));
 }
 
 void TestFileMenu::newAddsUntitledDocuments()
