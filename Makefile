@@ -24,7 +24,8 @@ test: build
 
 bench: build
 	@cmake --build $(BUILD) -j$(JOBS) --target benchmarks
-	@for b in $(BUILD)/bench/bench_*; do echo "== $$b"; "$$b" || exit 1; done
+	@for b in $(BUILD)/bench/bench_*; do echo "== $$b"; \
+	  LARKWOOD_RESOURCES=$(CURDIR)/$(BUILD)/share/larkwood bash tests/run-test.sh "$$b" || exit 1; done
 
 fuzz: setup
 	@cmake -S . -B $(FUZZ_BUILD) -DLARKWOOD_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo > /dev/null

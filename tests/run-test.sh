@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs one test executable with a fresh home and XDG folders, headless.
+# Runs one test or benchmark executable with a fresh home and XDG folders, headless.
 set -u
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
