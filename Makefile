@@ -24,7 +24,7 @@ test: build
 
 bench: build
 	@cmake --build $(BUILD) -j$(JOBS) --target benchmarks
-	@for b in $(BUILD)/bench/bench_*; do echo "== $$b"; \
+	@for b in $(BUILD)/bench/bench_*; do [ -f "$$b" ] && [ -x "$$b" ] || continue; echo "== $$b"; \
 	  LARKWOOD_RESOURCES=$(CURDIR)/$(BUILD)/share/larkwood bash tests/run-test.sh "$$b" || exit 1; done
 
 fuzz: setup
