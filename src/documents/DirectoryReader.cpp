@@ -1,4 +1,5 @@
 #include "documents/DirectoryReader.h"
+#include "documents/LWPathText.h"
 
 #include <QFile>
 #include <QtGlobal>
@@ -30,14 +31,14 @@ bool DirectoryEntry::isFolderIn(const QString &folder) const
     if (type == DT_DIR)
         return true;
     if (type == DT_UNKNOWN || type == DT_LNK)
-        return statIsFolder(DirectoryReader::join(folder, name), true);
+        return statIsFolder(LWPathText::appendingComponent(folder, name), true);
     return false;
 }
 
 bool DirectoryEntry::isDirectoryIn(const QString &folder) const
 {
     if (type == DT_UNKNOWN)
-        return statIsFolder(DirectoryReader::join(folder, name), false);
+        return statIsFolder(LWPathText::appendingComponent(folder, name), false);
     return type == DT_DIR;
 }
 
@@ -58,15 +59,6 @@ QVector<DirectoryEntry> read(const QString &folder)
     }
     ::closedir(directory);
     return entries;
-}
-
-QString join(const QString &folder, const QString &name)
-{
-    if (folder.isEmpty())
-        return name;
-    if (folder.endsWith(QLatin1Char('/')))
-        return folder + name;
-    return folder + QLatin1Char('/') + name;
 }
 
 }

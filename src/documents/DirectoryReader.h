@@ -24,7 +24,4 @@ namespace DirectoryReader {
 // The entries, or an empty list (after a log line) when the folder cannot be read.
 QVector<DirectoryEntry> read(const QString &folder);
 
-// The folder joined with a name, without doubling a trailing slash.
-QString join(const QString &folder, const QString &name);
-
 }

@@ -1,6 +1,5 @@
 #include "documents/FileManager.h"
-
-#include "documents/DirectoryReader.h"
+#include "documents/LWPathText.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -195,12 +194,12 @@ QString uniqueFileWithFormat(const QString &folder, const QString &format)
     const qsizetype placeholder = format.indexOf(QStringLiteral("%d"));
     if (placeholder < 0) {
         qWarning("FileManager : uniqueFileWithFormat :: no %%d in format \"%s\"", qUtf8Printable(format));
-        return DirectoryReader::join(folder, format);
+        return LWPathText::appendingComponent(folder, format);
     }
     for (qint64 n = 1;; ++n) {
         QString name = format;
         name.replace(placeholder, 2, QString::number(n));
-        const QString candidate = DirectoryReader::join(folder, name);
+        const QString candidate = LWPathText::appendingComponent(folder, name);
         if (!existsNoFollow(toNative(candidate)))
             return candidate;
     }

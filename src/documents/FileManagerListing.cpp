@@ -1,4 +1,5 @@
 #include "documents/FileManager.h"
+#include "documents/LWPathText.h"
 
 #include "documents/DirectoryReader.h"
 
@@ -42,7 +43,7 @@ struct ListingRules
 
 QString entryText(const QString &folder, const QString &name, bool fullPath)
 {
-    return fullPath ? DirectoryReader::join(folder, name) : name;
+    return fullPath ? LWPathText::appendingComponent(folder, name) : name;
 }
 
 QStringList listWithRules(const QString &folder, const ListingRules &rules)
@@ -82,8 +83,8 @@ QVariantList treeEntries(const QString &folder, const QString &relativePath, boo
 {
     QVariantList entries;
     for (const DirectoryEntry &entry : DirectoryReader::read(folder)) {
-        const QString fullPath = DirectoryReader::join(folder, entry.name);
-        const QString path = DirectoryReader::join(relativePath, entry.name);
+        const QString fullPath = LWPathText::appendingComponent(folder, entry.name);
+        const QString path = LWPathText::appendingComponent(relativePath, entry.name);
         QVariantMap node;
         if (withRootKeys) {
             node.insert(QStringLiteral("name"), entry.name);

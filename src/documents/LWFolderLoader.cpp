@@ -123,11 +123,11 @@ void LWFolderLoader::loadChildren(LWDocument &folder, const QString &folderPath)
     // Every child shares one relative-directory text; any child name gives
     // the same directory.
     const QString childDirectory = LWPathText::relativeDirectory(
-        DirectoryReader::join(folderPath, QStringLiteral("child")), root);
+        LWPathText::appendingComponent(folderPath, QStringLiteral("child")), root);
     LWDocument::List children;
     children.reserve(folders.size());
     for (const auto &[name, isFolder] : folders) {
-        const QString childPath = DirectoryReader::join(folderPath, name);
+        const QString childPath = LWPathText::appendingComponent(folderPath, name);
         children.push_back(isFolder ? folderNode(childPath, name, childDirectory)
                                     : fileNode(childPath, name, childDirectory));
     }
