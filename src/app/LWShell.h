@@ -25,9 +25,16 @@ public:
     static LWShell *instance();
     static void setInstance(LWShell *shell);
 
-    // Editor pages: evaluate a script and answer its string value ("" for any
-    // non-string or undefined result).
+    // Editor pages. sendToEditor() queues a script behind every script sent
+    // before it and returns at once; nothing waits for the page. The
+    // evaluate calls wait for the script's string value ("" for any
+    // non-string or undefined result) and are only for the shell's own
+    // events: a page cannot answer while one of its calls into the backend
+    // is being handled (see PageCall).
+    virtual void sendToEditor(const QString &script) = 0;
     virtual QString evaluateInEditor(const QString &script) = 0;
+    // Evaluates script without waiting and hands its string value to answered.
+    virtual void evaluateInEditor(const QString &script, const std::function<void(const QString &)> &answered) = 0;
     virtual QString evaluateInUtility(const QString &script) = 0;
 
     // Status bar trio.

@@ -33,10 +33,10 @@ QString defaultSpecForNew()
     return LWDefaults::shared()->stringForKey(QStringLiteral("LW_DefaultSpecForNew"));
 }
 
-void evaluateInEditor(const QString &script)
+void sendToEditor(const QString &script)
 {
     if (LWShell *shell = LWShell::instance())
-        shell->evaluateInEditor(script);
+        shell->sendToEditor(script);
 }
 
 }
@@ -246,7 +246,7 @@ void LWDocument::save()
         updateFromJson(shell->evaluateInEditor(QStringLiteral("lw.getState()")));
     updateIcon(LWDocumentIcons::regularFile());
     writeContent();
-    evaluateInEditor(QStringLiteral("$Events.exec('documentSaved');"));
+    sendToEditor(QStringLiteral("$Events.exec('documentSaved');"));
     isSaved = true;
 }
 
@@ -254,7 +254,7 @@ void LWDocument::saveWithoutState()
 {
     writeContent();
     updateIcon(LWDocumentIcons::regularFile());
-    evaluateInEditor(QStringLiteral("$Events.exec('documentSaved');"));
+    sendToEditor(QStringLiteral("$Events.exec('documentSaved');"));
     isSaved = true;
 }
 

@@ -162,12 +162,12 @@ void LWDocumentManager::storeOutgoingState()
     if (!shell)
         return;
     current->updateFromJson(shell->evaluateInEditor(QStringLiteral("lw.getState()")));
-    shell->evaluateInEditor(QStringLiteral("lw.saveLocalState('%1');").arg(current->identity()));
+    shell->sendToEditor(QStringLiteral("lw.saveLocalState('%1');").arg(current->identity()));
 }
 
 void LWDocumentManager::loadIntoEditor(const LWDocument::Ptr &document)
 {
     LWShell *shell = LWShell::instance();
-    shell->evaluateInEditor(QStringLiteral("lw.setState(%1);").arg(document->toJson()));
-    shell->evaluateInEditor(QStringLiteral("lw.loadLocalState('%1');").arg(document->identity()));
+    shell->sendToEditor(QStringLiteral("lw.setState(%1);").arg(document->toJson()));
+    shell->sendToEditor(QStringLiteral("lw.loadLocalState('%1');").arg(document->identity()));
 }

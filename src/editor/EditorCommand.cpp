@@ -7,7 +7,13 @@
 
 namespace EditorCommand {
 
-QString send(const QString &script)
+void send(const QString &script)
+{
+    if (LWShell *shell = LWShell::instance())
+        shell->sendToEditor(script);
+}
+
+QString ask(const QString &script)
 {
     LWShell *shell = LWShell::instance();
     return shell ? shell->evaluateInEditor(script) : QString();

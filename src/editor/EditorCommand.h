@@ -7,9 +7,12 @@ class QAction;
 // Sending the short script strings of the menus to the main editor page.
 namespace EditorCommand {
 
+// Sends script to the main editor page without waiting for it.
+void send(const QString &script);
+
 // Evaluates script in the main editor page and answers its string value; ""
-// when no window is installed.
-QString send(const QString &script);
+// when no window is installed. Only for the shell's own events (menus).
+QString ask(const QString &script);
 
 // "function(true);" or "function(false);".
 QString booleanCall(const QString &function, bool value);

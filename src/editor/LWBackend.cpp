@@ -1,5 +1,7 @@
 #include "editor/LWBackend.h"
 
+#include "editor/PageCall.h"
+
 #include "app/LWDefaults.h"
 #include "app/LWShell.h"
 #include "documents/LWDocumentManager.h"
@@ -27,12 +29,14 @@ QClipboard *clipboard()
 
 void LWBackend::currentLocationChanged_(const QString &location)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance())
         shell->setLocationText(location);
 }
 
 void LWBackend::currentDocumentChanged()
 {
+    const PageCall call;
     LWDocumentManager *manager = LWDocumentManager::shared();
     const LWDocument::Ptr document = manager ? manager->currentDocument() : nullptr;
     if (!document || !document->saved())
@@ -48,6 +52,7 @@ void LWBackend::currentDocumentChanged()
 
 void LWBackend::searchOptChanged_withValue_(const QString &key, bool value)
 {
+    const PageCall call;
     if (!searchOptionKeys.contains(key)) {
         qWarning("searchOptChanged: %s is not a search option; nothing stored", qPrintable(key.left(80)));
         return;
@@ -57,16 +62,19 @@ void LWBackend::searchOptChanged_withValue_(const QString &key, bool value)
 
 void LWBackend::panelToggled_(bool shown)
 {
+    const PageCall call;
     LWDefaults::shared()->setBool(QStringLiteral("LW_Panel"), shown);
 }
 
 void LWBackend::jslog_(const QString &message)
 {
+    const PageCall call;
     qInfo("\nJS: %s", qPrintable(message));
 }
 
 void LWBackend::showStatus_(const QString &text)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance()) {
         shell->setStatusMessage(text);
         shell->setStatusSpinnerRunning(true);
@@ -75,6 +83,7 @@ void LWBackend::showStatus_(const QString &text)
 
 void LWBackend::hideStatus()
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance()) {
         shell->setStatusMessage(QString());
         shell->setStatusSpinnerRunning(false);
@@ -83,12 +92,14 @@ void LWBackend::hideStatus()
 
 QString LWBackend::getClipboard()
 {
+    const PageCall call;
     QClipboard *board = clipboard();
     return board ? board->text() : QString();
 }
 
 void LWBackend::setClipboard_(const QString &text)
 {
+    const PageCall call;
     if (QClipboard *board = clipboard())
         board->setText(text);
 }

@@ -3,6 +3,7 @@
 #include "terminal/LWTerminalSession.h"
 #include "terminal/Terminal.h"
 
+#include <QFuture>
 #include <QObject>
 #include <QString>
 
@@ -14,6 +15,8 @@ class QVariant;
 // scripts with one directive (see CallbackFormat) that the backend fills and
 // evaluates in the main editor page; "args", "env", "cookies" and menu
 // arguments are JSON texts (comments allowed), and malformed ones count as none.
+// Every operation runs as a PageCall: none waits on a page, and work that must
+// answer a page later does so through its call-back or its promise.
 class LWBackend : public QObject
 {
     Q_OBJECT
@@ -81,8 +84,9 @@ public:
     Q_INVOKABLE void execute_args_(const QString &command, const QString &argsJSON);
     Q_INVOKABLE void execute_args_callback_(const QString &program, const QString &argsJSON,
                                             const QString &callback);
-    Q_INVOKABLE QString exec_(const QString &argsJSON);
-    Q_INVOKABLE QString exec_env_(const QString &argsJSON, const QString &environmentJSON);
+    // The page's promise settles when the program ends; the window never waits.
+    Q_INVOKABLE QFuture<QString> exec_(const QString &argsJSON);
+    Q_INVOKABLE QFuture<QString> exec_env_(const QString &argsJSON, const QString &environmentJSON);
     Q_INVOKABLE QString execApplescript_(const QString &path);
     Q_INVOKABLE QString terminalExec_env_action_completed_(const QString &commandJSON,
                                                            const QString &environmentJSON,

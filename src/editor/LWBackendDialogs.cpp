@@ -1,5 +1,7 @@
 #include "editor/LWBackend.h"
 
+#include "editor/PageCall.h"
+
 #include "app/LWShell.h"
 #include "editor/CallbackFormat.h"
 #include "editor/EditorCommand.h"
@@ -8,16 +10,19 @@
 void LWBackend::inputDialogWithTitle_default_callback_(const QString &title, const QString &defaultValue,
                                                        const QString &callback)
 {
+    const PageCall call;
     showInput(title, defaultValue, callback, false);
 }
 
 void LWBackend::input_callback_(const QString &title, const QString &callback)
 {
+    const PageCall call;
     showInput(title, QString(), callback, true);
 }
 
 void LWBackend::dialogInput_callback_(const QString &title, const QString &callback)
 {
+    const PageCall call;
     showInput(title, QString(), callback, false);
 }
 
@@ -37,6 +42,7 @@ void LWBackend::showInput(const QString &title, const QString &defaultValue, con
 void LWBackend::alertDialogWithTitle_information_callback_(const QString &title, const QString &information,
                                                            const QString &callback)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance())
         shell->showAlert(title, information, [callback] { EditorCommand::send(callback); });
 }
@@ -44,6 +50,7 @@ void LWBackend::alertDialogWithTitle_information_callback_(const QString &title,
 void LWBackend::dialogAlert_info_callback_(const QString &title, const QString &information,
                                            const QString &callback)
 {
+    const PageCall call;
     if (callback.isEmpty())
         alert_info_(title, information);
     else
@@ -52,6 +59,7 @@ void LWBackend::dialogAlert_info_callback_(const QString &title, const QString &
 
 void LWBackend::alert_info_(const QString &title, const QString &information)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance())
         shell->showAlert(title, information);
 }
@@ -59,6 +67,7 @@ void LWBackend::alert_info_(const QString &title, const QString &information)
 void LWBackend::confirmDialogWithTitle_information_callback_(const QString &title, const QString &information,
                                                              const QString &callback)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance()) {
         shell->showConfirmation(title, information, [callback](int answer) {
             EditorCommand::send(CallbackFormat::filled(callback, answer));
@@ -69,12 +78,14 @@ void LWBackend::confirmDialogWithTitle_information_callback_(const QString &titl
 void LWBackend::slider_min_max_val_callback_(const QString &title, double minimum, double maximum, double value,
                                              const QString &callback)
 {
+    const PageCall call;
     showSlider(title, minimum, maximum, value, QString(), callback);
 }
 
 void LWBackend::slider_min_max_val_change_callback_(const QString &title, double minimum, double maximum,
                                                     double value, const QString &change, const QString &callback)
 {
+    const PageCall call;
     showSlider(title, minimum, maximum, value, change, callback);
 }
 

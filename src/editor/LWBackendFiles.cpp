@@ -1,5 +1,7 @@
 #include "editor/LWBackend.h"
 
+#include "editor/PageCall.h"
+
 #include "app/LWPaths.h"
 #include "app/LWShell.h"
 #include "documents/FileManager.h"
@@ -44,6 +46,7 @@ QString readText(const QString &path)
 
 QString LWBackend::getTempFile_withExtension_(const QString &text, const QString &extension)
 {
+    const PageCall call;
     if (extension.contains(QLatin1Char('/'))) {
         qWarning("getTempFile: the extension %s names a folder; no file written", qPrintable(extension.left(80)));
         return QString();
@@ -57,28 +60,33 @@ QString LWBackend::getTempFile_withExtension_(const QString &text, const QString
 
 QString LWBackend::getFullPath()
 {
+    const PageCall call;
     const LWDocument::Ptr document = currentDocument();
     return document ? document->fullPath() : QString();
 }
 
 QString LWBackend::getLabel()
 {
+    const PageCall call;
     const LWDocument::Ptr document = currentDocument();
     return document ? document->label() : QString();
 }
 
 void LWBackend::showInFinder_(const QString &path)
 {
+    const PageCall call;
     FileManager::showInFinder(path);
 }
 
 void LWBackend::showInBrowser_(const QString &pathOrURL)
 {
+    const PageCall call;
     FileManager::showInBrowser(pathOrURL);
 }
 
 void LWBackend::document_write_(const QString &path, const QString &text)
 {
+    const PageCall call;
     LWDocumentManager *manager = LWDocumentManager::shared();
     const LWDocument::Ptr open = manager ? manager->documentTree().documentWithFullPath(path) : nullptr;
     if (open) {
@@ -101,6 +109,7 @@ void LWBackend::document_write_(const QString &path, const QString &text)
 
 void LWBackend::importjs_(const QString &path)
 {
+    const PageCall call;
     if (!QFileInfo(path).isFile())
         return;
     const QString source = readText(path);
@@ -114,11 +123,13 @@ void LWBackend::importjs_(const QString &path)
 
 QString LWBackend::file_(const QString &path)
 {
+    const PageCall call;
     return readText(path);
 }
 
 QString LWBackend::getBinariesIndex()
 {
+    const PageCall call;
     const QString base = LWPaths::dataRoot() + QLatin1Char('/');
     const QJsonObject index{
         {QStringLiteral("node"), base + QStringLiteral("Data/Bin/node/bin/node")},

@@ -1,5 +1,7 @@
 #include "editor/LWBackend.h"
 
+#include "editor/PageCall.h"
+
 #include "app/LWShell.h"
 #include "editor/CallbackFormat.h"
 #include "editor/EditorCommand.h"
@@ -8,6 +10,8 @@
 #include "terminal/LWTerminal.h"
 
 #include <QFileInfo>
+#include <QPromise>
+#include <QThreadPool>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStandardPaths>
@@ -34,6 +38,19 @@ QVariantMap parsedEnvironment(const QString &json)
     return parsed.toMap();
 }
 
+// Runs the program on a pool thread; the future holds its output and error.
+QFuture<QString> execInBackground(const QStringList &args, const QVariantMap &environment)
+{
+    auto promise = std::make_shared<QPromise<QString>>();
+    QFuture<QString> future = promise->future();
+    promise->start();
+    QThreadPool::globalInstance()->start([promise, args, environment] {
+        promise->addResult(LWTerminal::exec(args, environment));
+        promise->finish();
+    });
+    return future;
+}
+
 void setRunning(bool running)
 {
     if (LWShell *shell = LWShell::instance()) {
@@ -46,6 +63,7 @@ void setRunning(bool running)
 
 void LWBackend::execute_args_(const QString &command, const QString &argsJSON)
 {
+    const PageCall call;
     setRunning(true);
     terminal.asyncExec(command, parsedWords(argsJSON), [](const QString &chunk) {
         EditorCommand::send(QStringLiteral("lw.echo('%1');").arg(escapedForJavascript(chunk)));
@@ -55,26 +73,30 @@ void LWBackend::execute_args_(const QString &command, const QString &argsJSON)
 
 void LWBackend::execute_args_callback_(const QString &program, const QString &argsJSON, const QString &callback)
 {
+    const PageCall call;
     setRunning(true);
     terminal.asyncExecReturn(program, parsedWords(argsJSON), [callback](const QString &output) {
         const QString outputs = QString::fromUtf8(QJsonDocument(QJsonArray{output}).toJson(QJsonDocument::Compact));
         EditorCommand::send(CallbackFormat::filled(callback, outputs));
+        setRunning(false);
     });
-    setRunning(false);
 }
 
-QString LWBackend::exec_(const QString &argsJSON)
+QFuture<QString> LWBackend::exec_(const QString &argsJSON)
 {
-    return LWTerminal::exec(parsedWords(argsJSON));
+    const PageCall call;
+    return execInBackground(parsedWords(argsJSON), {});
 }
 
-QString LWBackend::exec_env_(const QString &argsJSON, const QString &environmentJSON)
+QFuture<QString> LWBackend::exec_env_(const QString &argsJSON, const QString &environmentJSON)
 {
-    return LWTerminal::exec(parsedWords(argsJSON), parsedEnvironment(environmentJSON));
+    const PageCall call;
+    return execInBackground(parsedWords(argsJSON), parsedEnvironment(environmentJSON));
 }
 
 QString LWBackend::execApplescript_(const QString &path)
 {
+    const PageCall call;
     qInfo("path: %s", qPrintable(path));
     const QString runner = QStandardPaths::findExecutable(QStringLiteral("osascript"));
     if (runner.isEmpty() || !QFileInfo(path).isFile()) {
@@ -90,20 +112,24 @@ QString LWBackend::execApplescript_(const QString &path)
 QString LWBackend::terminalExec_env_action_completed_(const QString &commandJSON, const QString &environmentJSON,
                                                       const QString &action, const QString &completed)
 {
+    const PageCall call;
     return session.terminalExec(commandJSON, environmentJSON, action, completed);
 }
 
 void LWBackend::terminalWrite_(const QString &text)
 {
+    const PageCall call;
     session.terminalWrite(text);
 }
 
 void LWBackend::terminalKill()
 {
+    const PageCall call;
     session.terminalKill();
 }
 
 bool LWBackend::execRun()
 {
+    const PageCall call;
     return LWTerminalSession::execRun();
 }

@@ -1,5 +1,7 @@
 #include "editor/LWBackend.h"
 
+#include "editor/PageCall.h"
+
 #include "app/LWShell.h"
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
@@ -25,18 +27,21 @@ QVariantList parsedArray(const QString &json, const char *operation)
 
 void LWBackend::openUtilityView()
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance())
         shell->openUtilityView();
 }
 
 void LWBackend::loadUtilityWithHtml_(const QString &html)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance())
         shell->loadUtilityHTML(html);
 }
 
 void LWBackend::loadUtilityHtml_label_(const QString &html, const QString &label)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance()) {
         shell->loadUtilityHTML(html);
         shell->setUtilityLabel(label);
@@ -45,12 +50,14 @@ void LWBackend::loadUtilityHtml_label_(const QString &html, const QString &label
 
 void LWBackend::loadUtilityWithHtml_path_(const QString &html, const QString &basePath)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance())
         shell->loadUtilityHTML(html, basePath);
 }
 
 void LWBackend::loadHtml_label_withBasePath_(const QString &html, const QString &label, const QString &basePath)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance()) {
         shell->setUtilityLabel(label);
         shell->loadUtilityHTML(html, basePath);
@@ -59,12 +66,14 @@ void LWBackend::loadHtml_label_withBasePath_(const QString &html, const QString 
 
 void LWBackend::loadUtilityWithHtmlFile_(const QString &path)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance())
         shell->loadUtilityHTMLFile(path, {});
 }
 
 void LWBackend::loadUtility_label_(const QString &pathOrHTML, const QString &label)
 {
+    const PageCall call;
     LWShell *shell = LWShell::instance();
     if (!shell)
         return;
@@ -78,6 +87,7 @@ void LWBackend::loadUtility_label_(const QString &pathOrHTML, const QString &lab
 
 void LWBackend::loadUtility_label_cookies_(const QString &path, const QString &label, const QString &cookiesJSON)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance()) {
         shell->loadUtilityHTMLFile(path, parsedArray(cookiesJSON, "loadUtility:label:cookies:"));
         shell->setUtilityLabel(label);
@@ -86,6 +96,7 @@ void LWBackend::loadUtility_label_cookies_(const QString &path, const QString &l
 
 void LWBackend::loadEditorUtility_label_mode_(const QString &content, const QString &label, const QString &mode)
 {
+    const PageCall call;
     if (LWShell *shell = LWShell::instance()) {
         shell->openUtilityView();
         shell->loadUtilityEditor(content, mode);
@@ -95,6 +106,7 @@ void LWBackend::loadEditorUtility_label_mode_(const QString &content, const QStr
 
 void LWBackend::registerPluginMenu_(const QString &titlesJSON)
 {
+    const PageCall call;
     QStringList titles;
     for (const QVariant &title : parsedArray(titlesJSON, "registerPluginMenu:"))
         titles.append(title.toString());
@@ -104,5 +116,6 @@ void LWBackend::registerPluginMenu_(const QString &titlesJSON)
 
 void LWBackend::utilityViewMenuItemClicked_(const QString &title)
 {
+    const PageCall call;
     EditorCommand::send(QStringLiteral("$Core.currentPlugin.menu()['%1']()").arg(escapedForJavascript(title)));
 }

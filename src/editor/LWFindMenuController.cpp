@@ -38,7 +38,7 @@ bool LWFindMenuController::validateMenuItem(QAction *item) const
 {
     const QString name = EditorCommand::actionName(item);
     if (name == QLatin1String("useSelectionForFindAction"))
-        return !EditorCommand::send(QStringLiteral("lw.getSelection();")).isEmpty();
+        return !EditorCommand::ask(QStringLiteral("lw.getSelection();")).isEmpty();
     if (item && item->isCheckable())
         item->setChecked(isChecked(name));
     return true;

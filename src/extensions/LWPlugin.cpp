@@ -36,5 +36,5 @@ void LWPlugin::execute() const
         return;
     }
     if (shell)
-        shell->evaluateInEditor(runScript(QString::fromUtf8(script.readAll())));
+        shell->sendToEditor(runScript(QString::fromUtf8(script.readAll())));
 }

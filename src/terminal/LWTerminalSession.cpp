@@ -28,7 +28,7 @@ void evaluateLater(const QString &script)
         qApp,
         [script] {
             if (LWShell *shell = LWShell::instance())
-                shell->evaluateInEditor(script);
+                shell->sendToEditor(script);
         },
         Qt::QueuedConnection);
 }

@@ -7,6 +7,8 @@
 #include <QDebug>
 #include <QCoreApplication>
 
+#include <utility>
+
 namespace {
 const QString profileMessage = QStringLiteral("/etc/profile: Operation not permitted");
 }
@@ -35,11 +37,6 @@ void Terminal::asyncExec(const QString &command, const QStringList &args, Handle
 void Terminal::asyncExecReturn(const QString &program, const QStringList &args, Handler action)
 {
     start(program, args, std::move(action), Delivery::Collect);
-    // Wait until this run has ended or another run has taken its place.
-    const QPointer<QProcess> process = currentTask;
-    while (process && process == currentTask)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    collected.clear();
 }
 
 void Terminal::start(const QString &program, const QStringList &args, Handler handler,
@@ -106,8 +103,10 @@ void Terminal::finish()
 {
     currentTask->deleteLater();
     currentTask = nullptr;
-    if (delivery == Delivery::Collect && action)
-        action(collected);
+    if (delivery == Delivery::Collect && action) {
+        const QString all = std::exchange(collected, QString());
+        action(all);
+    }
 }
 
 void Terminal::exec(const QString &program, const QStringList &args)

@@ -29,9 +29,9 @@ public:
     // at the end. A start failure is delivered as output.
     void asyncExec(const QString &command, const QStringList &args, Handler action);
 
-    // Runs the program itself with the arguments, waits for it (events are
-    // processed meanwhile) and calls the handler once with all the output. A
-    // program that cannot be started is logged and the handler is not called.
+    // Runs the program itself with the arguments and, without waiting for it,
+    // calls the handler once with all the output when it ends. A program that
+    // cannot be started is logged and the handler is not called.
     void asyncExecReturn(const QString &program, const QStringList &args, Handler action);
 
     // Runs the program to its end, discarding its standard output.

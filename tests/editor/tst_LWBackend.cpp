@@ -206,12 +206,13 @@ void TestBackend::documentsFollowTheCurrentOne()
 
 void TestBackend::processesReportTheirOutput()
 {
-    QCOMPARE(backend->exec_(QStringLiteral("[\"/usr/bin/printf\", \"%s\", \"hi\"]")), QStringLiteral("hi"));
-    QCOMPARE(backend->exec_env_(QStringLiteral("[\"/usr/bin/printenv\", \"LW_X\"]"), QStringLiteral("{\"LW_X\": \"v\"}")),
+    QCOMPARE(backend->exec_(QStringLiteral("[\"/usr/bin/printf\", \"%s\", \"hi\"]")).result(), QStringLiteral("hi"));
+    QCOMPARE(backend->exec_env_(QStringLiteral("[\"/usr/bin/printenv\", \"LW_X\"]"), QStringLiteral("{\"LW_X\": \"v\"}"))
+                 .result(),
              QStringLiteral("v\n"));
 
     backend->execute_args_callback_(QStringLiteral("/bin/echo"), QStringLiteral("[\"a'b\"]"), QStringLiteral("out(%@)"));
-    QCOMPARE(shell->editorScripts, QStringList{QStringLiteral("out([\"a'b\\n\"])")});
+    QTRY_COMPARE(shell->editorScripts, QStringList{QStringLiteral("out([\"a'b\\n\"])")});
     QCOMPARE(shell->statusMessages.value(0), QStringLiteral("Running..."));
     QVERIFY(!shell->spinnerRunning);
 

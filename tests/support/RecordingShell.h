@@ -17,6 +17,11 @@ public:
 
     using LWShell::showAlert;
 
+    void sendToEditor(const QString &script) override { evaluateInEditor(script); }
+    void evaluateInEditor(const QString &script, const std::function<void(const QString &)> &answered) override
+    {
+        answered(evaluateInEditor(script));
+    }
     QString evaluateInEditor(const QString &script) override
     {
         editorScripts.append(script);

@@ -48,7 +48,9 @@ public:
     void requestQuit();
 
     // --- LWShell
+    void sendToEditor(const QString &script) override;
     QString evaluateInEditor(const QString &script) override;
+    void evaluateInEditor(const QString &script, const std::function<void(const QString &)> &answered) override;
     QString evaluateInUtility(const QString &script) override;
     void setStatusMessage(const QString &message) override;
     void setStatusSpinnerRunning(bool running) override;

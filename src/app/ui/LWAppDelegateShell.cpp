@@ -19,9 +19,19 @@
 #include <QPrintDialog>
 #include <QPrinter>
 
+void LWAppDelegate::sendToEditor(const QString &script)
+{
+    editorPage->send(script);
+}
+
 QString LWAppDelegate::evaluateInEditor(const QString &script)
 {
     return editorPage->evaluate(script);
+}
+
+void LWAppDelegate::evaluateInEditor(const QString &script, const std::function<void(const QString &)> &answered)
+{
+    editorPage->page()->evaluate(script, answered);
 }
 
 QString LWAppDelegate::evaluateInUtility(const QString &script)

@@ -1,6 +1,7 @@
 #include "editor/ui/LWBridgePage.h"
 
 #include "app/LWPaths.h"
+#include "editor/PageCall.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -136,8 +137,22 @@ bool LWBridgePage::isBridgeAttached() const
     return webChannel() != nullptr;
 }
 
+void LWBridgePage::send(const QString &script)
+{
+    runJavaScript(script);
+}
+
+void LWBridgePage::evaluate(const QString &script, const std::function<void(const QString &)> &answered)
+{
+    runJavaScript(script, [answered](const QVariant &value) {
+        answered(value.typeId() == QMetaType::QString ? value.toString() : QString());
+    });
+}
+
 QString LWBridgePage::evaluate(const QString &script)
 {
+    if (!PageCall::mayWait("evaluating a script"))
+        return QString();
     // The answer outlives this call when the page answers after the timeout.
     struct Answer
     {

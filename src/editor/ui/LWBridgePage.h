@@ -4,6 +4,8 @@
 #include <QUrl>
 #include <QWebEnginePage>
 
+#include <functional>
+
 class QWebChannel;
 class QWebEngineHttpRequest;
 
@@ -29,8 +31,16 @@ public:
     // Loads a file or remote address the program asked for.
     void loadShellRequest(const QWebEngineHttpRequest &request);
 
+    // Runs script after every script sent before it, without waiting.
+    void send(const QString &script);
+
+    // Runs script and hands its value to answered when it is a string, ""
+    // otherwise; never waits.
+    void evaluate(const QString &script, const std::function<void(const QString &)> &answered);
+
     // Evaluates script and waits for it; answers its value when it is a
-    // string, "" otherwise (and after a timeout, which is logged).
+    // string, "" otherwise (and after a timeout, which is logged). Never
+    // waits inside a page's call into the backend (see PageCall).
     QString evaluate(const QString &script);
 
     // Whether the current page can reach "core".

@@ -6,6 +6,7 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QPointer>
 #include <QStringList>
 #include <QUrl>
 #include <QWebEngineHttpRequest>
@@ -84,8 +85,18 @@ void LWUtilityWebViewController::loadEditorHTML(const QString &editorText, const
 {
     content = editorText;
     mode = editorModeName;
-    if (evaluate(QStringLiteral("lw.getMode();")) == mode) {
-        evaluate(QStringLiteral("lw.setState(%1);").arg(editorState()));
+    // Asked without waiting: this may run inside a page's call.
+    const QPointer<LWUtilityWebViewController> self(this);
+    bridgePage->evaluate(QStringLiteral("lw.getMode();"), [self, editorModeName](const QString &shown) {
+        if (self && self->mode == editorModeName)  // else a later load has taken over
+            self->showEditor(shown);
+    });
+}
+
+void LWUtilityWebViewController::showEditor(const QString &shownMode)
+{
+    if (shownMode == mode) {
+        bridgePage->send(QStringLiteral("lw.setState(%1);").arg(editorState()));
         return;
     }
     const QString path = PageFile::utilityPagePath();
@@ -114,11 +125,16 @@ void LWUtilityWebViewController::finishLoad()
 
 void LWUtilityWebViewController::applyEditorLook()
 {
-    evaluate(QStringLiteral("lw.setState(%1);").arg(editorState()));
-    evaluate(QStringLiteral("$('.panel-tabs').hide();"));
+    bridgePage->send(QStringLiteral("lw.setState(%1);").arg(editorState()));
+    bridgePage->send(QStringLiteral("$('.panel-tabs').hide();"));
+    bridgePage->send(QStringLiteral("lw.editor.getSession().setUseWorker(false);"));
     LWShell *shell = LWShell::instance();
-    QString theme = shell ? shell->evaluateInEditor(QStringLiteral("lw.editor.renderer.$themeId")) : QString();
-    theme.remove(QStringLiteral("ace/theme/"));
-    evaluate(QStringLiteral("lw.setTheme('%1');").arg(theme));
-    evaluate(QStringLiteral("lw.editor.getSession().setUseWorker(false);"));
+    if (!shell)
+        return;
+    const QPointer<LWBridgePage> page(bridgePage);
+    shell->evaluateInEditor(QStringLiteral("lw.editor.renderer.$themeId"), [page](QString theme) {
+        theme.remove(QStringLiteral("ace/theme/"));
+        if (page)
+            page->send(QStringLiteral("lw.setTheme('%1');").arg(theme));
+    });
 }

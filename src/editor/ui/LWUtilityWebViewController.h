@@ -42,6 +42,9 @@ signals:
 
 private:
     void finishLoad();
+    // Puts the editor state into the page when it already shows shownMode,
+    // else loads the utility editor page first.
+    void showEditor(const QString &shownMode);
     void applyEditorLook();
     QString editorState() const;
 

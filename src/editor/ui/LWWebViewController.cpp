@@ -23,6 +23,11 @@ void LWWebViewController::loadEditorPage()
     bridgePage->loadShellHTML(PageFile::text(path), QUrl::fromLocalFile(path));
 }
 
+void LWWebViewController::send(const QString &script)
+{
+    bridgePage->send(script);
+}
+
 QString LWWebViewController::evaluate(const QString &script)
 {
     return bridgePage->evaluate(script);

@@ -20,6 +20,8 @@ public:
     QWebEngineView *view() const { return webView; }
     LWBridgePage *page() const { return bridgePage; }
 
+    // Sends script to the page without waiting.
+    void send(const QString &script);
     // Evaluates script in the page and answers its string value.
     QString evaluate(const QString &script);
 
