@@ -88,7 +88,7 @@ public:
     Q_INVOKABLE QFuture<QString> exec_(const QString &argsJSON);
     Q_INVOKABLE QFuture<QString> exec_env_(const QString &argsJSON, const QString &environmentJSON);
     Q_INVOKABLE QString execApplescript_(const QString &path);
-    Q_INVOKABLE QString terminalExec_env_action_completed_(const QString &commandJSON,
+    Q_INVOKABLE QFuture<QString> terminalExec_env_action_completed_(const QString &commandJSON,
                                                            const QString &environmentJSON,
                                                            const QString &action, const QString &completed);
     Q_INVOKABLE void terminalWrite_(const QString &text);

@@ -7,11 +7,10 @@
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
 #include "extensions/JSONComments.h"
+#include "terminal/BackgroundResult.h"
 #include "terminal/LWTerminal.h"
 
 #include <QFileInfo>
-#include <QPromise>
-#include <QThreadPool>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStandardPaths>
@@ -36,19 +35,6 @@ QVariantMap parsedEnvironment(const QString &json)
         return {};
     }
     return parsed.toMap();
-}
-
-// Runs the program on a pool thread; the future holds its output and error.
-QFuture<QString> execInBackground(const QStringList &args, const QVariantMap &environment)
-{
-    auto promise = std::make_shared<QPromise<QString>>();
-    QFuture<QString> future = promise->future();
-    promise->start();
-    QThreadPool::globalInstance()->start([promise, args, environment] {
-        promise->addResult(LWTerminal::exec(args, environment));
-        promise->finish();
-    });
-    return future;
 }
 
 void setRunning(bool running)
@@ -85,13 +71,15 @@ void LWBackend::execute_args_callback_(const QString &program, const QString &ar
 QFuture<QString> LWBackend::exec_(const QString &argsJSON)
 {
     const PageCall call;
-    return execInBackground(parsedWords(argsJSON), {});
+    return BackgroundResult::run([args = parsedWords(argsJSON)] { return LWTerminal::exec(args); });
 }
 
 QFuture<QString> LWBackend::exec_env_(const QString &argsJSON, const QString &environmentJSON)
 {
     const PageCall call;
-    return execInBackground(parsedWords(argsJSON), parsedEnvironment(environmentJSON));
+    return BackgroundResult::run([args = parsedWords(argsJSON), environment = parsedEnvironment(environmentJSON)] {
+        return LWTerminal::exec(args, environment);
+    });
 }
 
 QString LWBackend::execApplescript_(const QString &path)
@@ -109,7 +97,7 @@ QString LWBackend::execApplescript_(const QString &path)
     return result;
 }
 
-QString LWBackend::terminalExec_env_action_completed_(const QString &commandJSON, const QString &environmentJSON,
+QFuture<QString> LWBackend::terminalExec_env_action_completed_(const QString &commandJSON, const QString &environmentJSON,
                                                       const QString &action, const QString &completed)
 {
     const PageCall call;

@@ -5,6 +5,7 @@
 #include "extensions/JSONComments.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/LWPlugin.h"
+#include "terminal/BackgroundResult.h"
 #include "terminal/LWTerm.h"
 
 #include <QCoreApplication>
@@ -60,7 +61,7 @@ QStringList plainWords(const QVariantList &words)
 }
 }
 
-QString LWTerminalSession::terminalExec(const QString &commandJSON, const QString &environmentJSON,
+QFuture<QString> LWTerminalSession::terminalExec(const QString &commandJSON, const QString &environmentJSON,
                                         const QString &actionFormat, const QString &completedFormat)
 {
     const QVariantList words =
@@ -69,7 +70,7 @@ QString LWTerminalSession::terminalExec(const QString &commandJSON, const QStrin
     if (current)
         terminalKill();
     if (actionFormat.isEmpty() && completedFormat.isEmpty())
-        return LWTerm::exec(plainWords(words), environment);
+        return BackgroundResult::run([args = plainWords(words), environment] { return LWTerm::exec(args, environment); });
 
     LWTerm::Handler onChunk;
     if (!actionFormat.isEmpty())
@@ -80,7 +81,7 @@ QString LWTerminalSession::terminalExec(const QString &commandJSON, const QStrin
             evaluateLater(filledCallback(completedFormat, output));
     };
     current = LWTerm::create();
-    return current->exec(words, environment, onChunk, onCompleted);
+    return BackgroundResult::ready(current->exec(words, environment, onChunk, onCompleted));
 }
 
 void LWTerminalSession::terminalWrite(const QString &text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFuture>
 #include <QString>
 
 #include <memory>
@@ -17,8 +18,8 @@ public:
     // "". actionFormat and completedFormat are scripts with one "%@" for the
     // escaped output ("" for none). With a callback, starts a session (the
     // current one is detached first) and answers ""; without either, runs the
-    // command at once without a shell and answers its output.
-    QString terminalExec(const QString &commandJSON, const QString &environmentJSON,
+    // command without a shell on a pool thread and answers its output.
+    QFuture<QString> terminalExec(const QString &commandJSON, const QString &environmentJSON,
                          const QString &actionFormat, const QString &completedFormat);
 
     // Sends the text to the current session's standard input, which is then

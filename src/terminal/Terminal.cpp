@@ -94,7 +94,8 @@ void Terminal::launchFailed()
     const QString description = currentTask->errorString();
     qWarning().noquote() << QStringLiteral("Terminal: cannot start %1: %2")
                                 .arg(currentTask->program(), description);
-    receive(description);
+    if (delivery == Delivery::Chunks)
+        receive(description);
     currentTask->deleteLater();
     currentTask = nullptr;
 }

@@ -93,7 +93,8 @@ private slots:
         RecordingShell shell;
         LWTerminalSession session;
         QCOMPARE(session.terminalExec(QStringLiteral("[\"printf\", \"it's\\\\n\"]"), QString(),
-                                      QStringLiteral("$Terminal.echo('%@');"), QStringLiteral("done(\"%@\");")),
+                                      QStringLiteral("$Terminal.echo('%@');"), QStringLiteral("done(\"%@\");"))
+                     .result(),
                  QString());
         QCOMPARE(shell.statusMessages, QStringList{QStringLiteral("Running...")});
         QTRY_COMPARE_WITH_TIMEOUT(shell.editorScripts.size(), 3, 10000);
@@ -111,7 +112,8 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, "Environment entry BAD is not text; left out");
         QCOMPARE(session.terminalExec(QStringLiteral("[\"printenv\", \"ONLY\"]"),
                                       QStringLiteral("{\"ONLY\": \"x\", \"BAD\": [1]}"),
-                                      QString(), QString()),
+                                      QString(), QString())
+                     .result(),
                  QStringLiteral("x\n"));
         QVERIFY(!session.termTask());
     }

@@ -127,14 +127,18 @@ void LWUtilityWebViewController::applyEditorLook()
 {
     bridgePage->send(QStringLiteral("lw.setState(%1);").arg(editorState()));
     bridgePage->send(QStringLiteral("$('.panel-tabs').hide();"));
-    bridgePage->send(QStringLiteral("lw.editor.getSession().setUseWorker(false);"));
-    LWShell *shell = LWShell::instance();
-    if (!shell)
-        return;
     const QPointer<LWBridgePage> page(bridgePage);
-    shell->evaluateInEditor(QStringLiteral("lw.editor.renderer.$themeId"), [page](QString theme) {
+    const auto themeAndWorker = [page](QString theme) {
         theme.remove(QStringLiteral("ace/theme/"));
-        if (page)
-            page->send(QStringLiteral("lw.setTheme('%1');").arg(theme));
-    });
+        if (!page)
+            return;
+        page->send(QStringLiteral("lw.setTheme('%1');").arg(theme));
+        page->send(QStringLiteral("lw.editor.getSession().setUseWorker(false);"));
+    };
+    // The main page's theme is asked for without waiting: this may run
+    // inside a page's call.
+    if (LWShell *shell = LWShell::instance())
+        shell->evaluateInEditor(QStringLiteral("lw.editor.renderer.$themeId"), themeAndWorker);
+    else
+        themeAndWorker(QString());
 }

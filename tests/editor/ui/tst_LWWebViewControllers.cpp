@@ -246,7 +246,8 @@ void TestWebViewControllers::utilityEditorReusesALoadedMode()
     QVERIFY(shell->utilityVisible);
 
     utility->loadEditorHTML(QStringLiteral("second"), QStringLiteral("python"));
-    QCOMPARE(utility->evaluate(QStringLiteral("calls.slice(4).join('|')")), QStringLiteral("state second python true"));
+    QTRY_COMPARE(utility->evaluate(QStringLiteral("calls.slice(4).join('|')")), QStringLiteral("state second python true"));
+    QCOMPARE(utility->evaluate(QStringLiteral("String(window.loads)")), QStringLiteral("1"));
     QCOMPARE(utility->editorContent(), QStringLiteral("second"));
 
     loadUtility([&] { utility->loadHTML(QStringLiteral("<p>plain</p>")); });
