@@ -5,7 +5,6 @@
 #include "terminal/ChildEnvironment.h"
 #include "terminal/DetachedRun.h"
 #include "terminal/LWTerminal.h"
-#include "terminal/WorkingFolderSentinel.h"
 
 #include <QDebug>
 
@@ -69,8 +68,7 @@ QString LWTerm::exec(const QVariantList &args, const QVariantMap &environment, H
     if (!environment.isEmpty())
         child->setProcessEnvironment(ChildEnvironment::fromEntries(environment));
     const LWEnvironment *registry = LWEnvironment::shared();
-    const QString line = WorkingFolderSentinel::commandLine(registry ? registry->pwd() : QString(),
-                                                            sanitizedArgs(args));
+    const QString line = sentinel.commandLine(registry ? registry->pwd() : QString(), sanitizedArgs(args));
 
     // The connections hold this run alive until the child has ended.
     std::shared_ptr<LWTerm> self = shared_from_this();
@@ -93,7 +91,7 @@ QString LWTerm::exec(const QVariantList &args, const QVariantMap &environment, H
 void LWTerm::readChannel(Utf8ChannelReader &reader)
 {
     QString chunk = reader.readAvailable(*process);
-    const QString folder = WorkingFolderSentinel::takeFolder(chunk);
+    const QString folder = sentinel.takeFolder(chunk);
     if (!folder.isNull() && LWEnvironment::shared())
         LWEnvironment::shared()->setPwd(folder);
     if (action)

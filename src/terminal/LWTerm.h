@@ -1,6 +1,7 @@
 #pragma once
 
 #include "terminal/Utf8ChannelReader.h"
+#include "terminal/WorkingFolderSentinel.h"
 
 #include <QPointer>
 #include <QProcess>
@@ -61,6 +62,7 @@ private:
     QPointer<QProcess> process;
     Utf8ChannelReader outputReader{QProcess::StandardOutput};
     Utf8ChannelReader errorReader{QProcess::StandardError};
+    WorkingFolderSentinel sentinel;
     QString collected;
     bool inputClosed = false;
     Handler action;
