@@ -37,8 +37,9 @@ QString WorkingFolderSentinel::commandLine(const QString &folder, const QStringL
 
 QString WorkingFolderSentinel::takeFolder(QString &chunk) const
 {
-    const QRegularExpression recogniser(
-        QStringLiteral("^:::::%1:(.+):%1:::::$").arg(token), QRegularExpression::MultilineOption);
+    // The marker follows the command's last output, which need not end its
+    // line; the token alone tells it from anything the command printed.
+    const QRegularExpression recogniser(QStringLiteral(":::::%1:([^\n]+):%1:::::").arg(token));
     const QRegularExpressionMatch match = recogniser.match(chunk);
     if (!match.hasMatch())
         return QString();
