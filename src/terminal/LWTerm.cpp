@@ -76,13 +76,15 @@ QString LWTerm::exec(const QVariantList &args, const QVariantMap &environment, H
                      [self] { self->readChannel(self->outputReader); });
     QObject::connect(child, &QProcess::readyReadStandardError, child,
                      [self] { self->readChannel(self->errorReader); });
-    QObject::connect(child, &QProcess::finished, child, [self] { self->finish(); });
+    QObject::connect(child, &QProcess::finished, child, [self](int code, QProcess::ExitStatus status) {
+        self->finish(status == QProcess::NormalExit ? code : -1);
+    });
     QObject::connect(child, &QProcess::errorOccurred, child, [self](QProcess::ProcessError error) {
         if (error != QProcess::FailedToStart)
             return;
         qWarning().noquote() << QStringLiteral("Cannot start %1: %2")
                                     .arg(shellProgram, self->process->errorString());
-        self->finish();
+        self->finish(-1);
     });
     child->start(shellProgram, {QStringLiteral("bash"), QStringLiteral("--login"), QStringLiteral("-c"), line});
     return QString();
@@ -99,10 +101,11 @@ void LWTerm::readChannel(Utf8ChannelReader &reader)
     collected += chunk;
 }
 
-void LWTerm::finish()
+void LWTerm::finish(int status)
 {
     QProcess *child = process;
     process = nullptr;
+    lastExitStatus = status;
     if (completed)
         completed(collected);
     showBusy(false);
