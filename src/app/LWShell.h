@@ -57,6 +57,9 @@ public:
     // OK/Cancel confirmation: the answer is 1 for "OK", 0 for "Cancel".
     virtual void showConfirmation(const QString &title, const QString &informativeText,
                                   const std::function<void(int)> &answered) = 0;
+    // Two buttons named by the caller: answers 1 for the default one, 0 for the other.
+    virtual void showChoice(const QString &title, const QString &informativeText, const QString &defaultButton,
+                            const QString &otherButton, const std::function<void(int)> &answered) = 0;
     // One text field whose placeholder is defaultValue; answers the typed text on "OK".
     virtual void showInput(const QString &title, const QString &defaultValue,
                            const std::function<void(const QString &)> &accepted) = 0;

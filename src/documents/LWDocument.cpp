@@ -16,6 +16,7 @@
 #include "extensions/LWSpec.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QtDebug>
@@ -223,6 +224,23 @@ QString LWDocument::getContent()
         contentValue = QLatin1String("");
         return *contentValue;
     }
+    diskStampValue = LWDiskStamp::of(fullPathValue);
+    if (!diskStampValue.exists) {
+        // A path given for a file that does not exist yet: saving creates it.
+        contentValue = QLatin1String("");
+        updateSpecFromPath(fullPathValue);
+        return *contentValue;
+    }
+    if (!QFileInfo(fullPathValue).isFile()) {
+        // Pipes and devices would block the window or never end.
+        qWarning().noquote() << QStringLiteral("%1 is not a regular file; not read").arg(fullPathValue);
+        if (LWShell *shell = LWShell::instance())
+            shell->showAlert(QStringLiteral("“%1” cannot be opened").arg(labelValue),
+                             QStringLiteral("It is not a regular file (a pipe, socket or device)."));
+        contentValue = QLatin1String("");
+        isReadOnly = true;
+        return *contentValue;
+    }
     QFile file(fullPathValue);
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly))
@@ -238,6 +256,14 @@ QString LWDocument::getContent()
     }
     updateSpecFromPath(fullPathValue);
     return *contentValue;
+}
+
+void LWDocument::reloadFromDisk()
+{
+    contentValue.reset();
+    isReadOnly = false;
+    getContent();
+    isSaved = true;
 }
 
 bool LWDocument::save()
@@ -258,6 +284,7 @@ bool LWDocument::finishSave()
         reportSaveFailure(*failure);
         return false;
     }
+    diskStampValue = LWDiskStamp::of(fullPathValue);
     updateIcon(LWDocumentIcons::regularFile());
     sendToEditor(QStringLiteral("$Events.exec('documentSaved');"));
     isSaved = true;

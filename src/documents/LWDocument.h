@@ -1,5 +1,6 @@
 #pragma once
 
+#include "documents/LWDiskStamp.h"
 #include "documents/LWStoredText.h"
 
 #include <QImage>
@@ -99,9 +100,18 @@ public:
     // Text still as it was read is written back byte for byte, and changed
     // text keeps the file's byte-order mark.
     QString getContent();
+    // Forgets the text and reads the file again; the node is then saved.
+    void reloadFromDisk();
     bool save();
     bool saveWithoutState();
     void renameWithLabel(const QString &label);
+
+    // The file as this node last read or wrote it; a file that differs now
+    // was changed by another program. noteDiskStamp() accepts a new state
+    // of the file as the one this node's text is based on.
+    const LWDiskStamp &diskStamp() const { return diskStampValue; }
+    void noteDiskStamp(const LWDiskStamp &stamp) { diskStampValue = stamp; }
+    bool changedOnDisk() const { return !isUntitled() && LWDiskStamp::of(fullPathValue) != diskStampValue; }
 
     // The editor's JSON form and reading the editor's state back. A state
     // without text (no answer, not JSON, no "content" string) leaves the
@@ -172,6 +182,7 @@ private:
     QString specNameValue;
     std::optional<QString> contentValue;
     LWStoredText storedForm;
+    LWDiskStamp diskStampValue;
     bool isSaved = true;
     bool isReadOnly = false;
     std::weak_ptr<LWDocument> parentNode;

@@ -2,6 +2,7 @@
 
 #include "app/LWDefaults.h"
 #include "app/LWShell.h"
+#include "documents/LWDocumentWatcher.h"
 #include "documents/LWImagePreview.h"
 
 #include "documents/LWImportTask.h"
@@ -15,7 +16,7 @@ const QString RememberedKey = QStringLiteral("LW_PreviouslyOpened");
 
 }
 
-LWDocumentManager::LWDocumentManager() = default;
+LWDocumentManager::LWDocumentManager() : watcher(std::make_unique<LWDocumentWatcher>(*this)) {}
 
 LWDocumentManager::~LWDocumentManager()
 {
@@ -140,7 +141,7 @@ void LWDocumentManager::switchToDoc(const LWDocument::Ptr &document)
     LWShell *shell = LWShell::instance();
     if (shell)
         shell->setLoadingSpinnerVisible(false);
-    if (current && current != document)
+    if (current && current != document && !showsAsImage(current))
         storeOutgoingState();
     current = document;
     if (!shell)
@@ -148,12 +149,28 @@ void LWDocumentManager::switchToDoc(const LWDocument::Ptr &document)
     shell->setWindowTitle(document->path().isEmpty()
                               ? document->label()
                               : QStringLiteral("%1 - %2").arg(document->label(), document->path()));
-    if (!document->isUntitled() && LWImagePreview::isImage(document->fullPath())) {
+    if (showsAsImage(document)) {
         shell->showImagePreview(LWImagePreview::load(document->fullPath()));
         return;
     }
     shell->showEditorView();
     loadIntoEditor(document);
+    watcher->watch(document);
+}
+
+void LWDocumentManager::reloadFromDisk(const LWDocument::Ptr &document)
+{
+    document->reloadFromDisk();
+    LWShell *shell = LWShell::instance();
+    if (document == current && shell && !showsAsImage(document))
+        loadIntoEditor(document);
+    if (shell)
+        shell->reloadOutline();
+}
+
+bool LWDocumentManager::showsAsImage(const LWDocument::Ptr &document)
+{
+    return document && !document->isUntitled() && LWImagePreview::isImage(document->fullPath());
 }
 
 void LWDocumentManager::storeOutgoingState()

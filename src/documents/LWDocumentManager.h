@@ -12,6 +12,8 @@
 // and loads the incoming node, or shows a preview for an image. At start-up
 // it imports the remembered paths on a background thread while the sidebar
 // fills in.
+class LWDocumentWatcher;
+
 class LWDocumentManager : public QObject
 {
     Q_OBJECT
@@ -48,6 +50,12 @@ public:
 
     // Moves the editor to the node.
     void switchToDoc(const LWDocument::Ptr &document);
+    // Reads the node's file again and shows the new text if it is in the editor.
+    void reloadFromDisk(const LWDocument::Ptr &document);
+
+    // Image files are shown as pictures, never as text: the editor's text
+    // is not theirs, and saving them is never offered.
+    static bool showsAsImage(const LWDocument::Ptr &document);
 
 signals:
     // The background import of newWithPaths has handled its last path.
@@ -61,4 +69,5 @@ private:
 
     LWDocumentTree tree = LWDocumentTree::emptyTree();
     LWDocument::Ptr current;
+    std::unique_ptr<LWDocumentWatcher> watcher;
 };

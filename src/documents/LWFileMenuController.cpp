@@ -97,26 +97,55 @@ void LWFileMenuController::openInNewTab()
 void LWFileMenuController::saveAction()
 {
     const LWDocument::Ptr document = manager.currentDocument();
-    if (!document) {
-        qInfo("Nothing to save: no document is open");
+    if (!document || LWDocumentManager::showsAsImage(document)) {
+        qInfo("Nothing to save: no text document is open");
         return;
     }
     if (document->isUntitled()) {
         saveAsAction();
         return;
     }
-    // A failed save has told the user and left the node as it was.
+    if (document->changedOnDisk()) {
+        confirmReplacing(document);
+        return;
+    }
+    saveAndShow(document);
+}
+
+// A failed save has told the user and left the node as it was.
+void LWFileMenuController::saveAndShow(const LWDocument::Ptr &document)
+{
     if (!document->save())
         return;
     if (LWShell *shell = LWShell::instance())
         shell->reloadOutline();
 }
 
+// Another program wrote, replaced or removed the file since this node's text
+// was read from it: saving goes ahead only when the user says so.
+void LWFileMenuController::confirmReplacing(const LWDocument::Ptr &document)
+{
+    LWShell *shell = LWShell::instance();
+    if (!shell)
+        return;
+    const bool removed = !LWDiskStamp::of(document->fullPath()).exists;
+    const QString title = removed ? QStringLiteral("“%1” was removed or renamed on disk")
+                                  : QStringLiteral("“%1” was changed by another program");
+    const QString question = removed ? QStringLiteral("Save it again at %1?")
+                                     : QStringLiteral("Saving replaces the file at %1 and its changes are lost.");
+    const std::weak_ptr<LWDocument> weak = document;
+    shell->showChoice(title.arg(document->label()), question.arg(document->fullPath()), QStringLiteral("Cancel"),
+                      removed ? QStringLiteral("Save") : QStringLiteral("Replace"), [this, weak](int cancelled) {
+                          if (const LWDocument::Ptr document = weak.lock(); document && !cancelled)
+                              saveAndShow(document);
+                      });
+}
+
 void LWFileMenuController::saveAsAction()
 {
     LWShell *shell = LWShell::instance();
     const LWDocument::Ptr document = manager.currentDocument();
-    if (!shell || !document)
+    if (!shell || !document || LWDocumentManager::showsAsImage(document))
         return;
     shell->showSaveDialog([document](const QString &path) {
         LWShell *shell = LWShell::instance();
@@ -142,6 +171,8 @@ void LWFileMenuController::printAction()
 
 bool LWFileMenuController::validateMenuItem(const QString &action) const
 {
+    if (action == QLatin1String("saveAction:") || action == QLatin1String("saveAsAction:"))
+        return manager.currentDocument() && !LWDocumentManager::showsAsImage(manager.currentDocument());
     if (action != QLatin1String("openInNewTab:"))
         return true;
     LWShell *shell = LWShell::instance();

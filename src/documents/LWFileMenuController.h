@@ -33,6 +33,8 @@ public:
 
 private:
     void addLooseFile(const LWDocument::Ptr &document);
+    void saveAndShow(const LWDocument::Ptr &document);
+    void confirmReplacing(const LWDocument::Ptr &document);
 
     LWDocumentManager &manager;
 };

@@ -39,7 +39,7 @@ void LWBackend::currentDocumentChanged()
     const PageCall call;
     LWDocumentManager *manager = LWDocumentManager::shared();
     const LWDocument::Ptr document = manager ? manager->currentDocument() : nullptr;
-    if (!document || !document->saved())
+    if (!document || !document->saved() || LWDocumentManager::showsAsImage(document))
         return;
     document->setSaved(false);
     QMetaObject::invokeMethod(this, [document] {

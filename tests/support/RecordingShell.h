@@ -68,6 +68,12 @@ public:
         alerts.append({title, informativeText});
         answered(confirmationAnswer);
     }
+    void showChoice(const QString &title, const QString &informativeText, const QString &,
+                    const QString &, const std::function<void(int)> &answered) override
+    {
+        alerts.append({title, informativeText});
+        answered(confirmationAnswer);
+    }
     void showInput(const QString &title, const QString &defaultValue,
                    const std::function<void(const QString &)> &accepted) override
     {

@@ -57,10 +57,10 @@ void answerPath(QFileDialog *dialog, const std::function<void(const QString &)> 
     dialog->open();
 }
 
-// Two buttons; answers 1 for the default one, 0 for the alternative.
-void twoButtons(QWidget *window, const QString &title, const QString &informativeText,
-                const QString &defaultTitle, const QString &alternativeTitle,
-                const std::function<void(int)> &answered)
+}
+
+void choice(QWidget *window, const QString &title, const QString &informativeText, const QString &defaultTitle,
+            const QString &alternativeTitle, const std::function<void(int)> &answered)
 {
     QMessageBox *box = messageBox(window, title, informativeText);
     QPushButton *preferred = box->addButton(defaultTitle, QMessageBox::AcceptRole);
@@ -70,8 +70,6 @@ void twoButtons(QWidget *window, const QString &title, const QString &informativ
         answered(box->clickedButton() == preferred ? 1 : 0);
     });
     box->open();
-}
-
 }
 
 void alert(QWidget *window, const QString &title, const QString &informativeText,
@@ -87,13 +85,13 @@ void alert(QWidget *window, const QString &title, const QString &informativeText
 void okCancel(QWidget *window, const QString &title, const QString &informativeText,
               const std::function<void(int)> &answered)
 {
-    twoButtons(window, title, informativeText, QStringLiteral("OK"), QStringLiteral("Cancel"), answered);
+    choice(window, title, informativeText, QStringLiteral("OK"), QStringLiteral("Cancel"), answered);
 }
 
 void yesNo(QWidget *window, const QString &title, const QString &informativeText,
            const std::function<void(int)> &answered)
 {
-    twoButtons(window, title, informativeText, QStringLiteral("No"), QStringLiteral("Yes"), answered);
+    choice(window, title, informativeText, QStringLiteral("No"), QStringLiteral("Yes"), answered);
 }
 
 void input(QWidget *window, const QString &title, const QString &defaultValue,

@@ -15,6 +15,9 @@ namespace Dialogs {
 // Warning-style alert with one "OK" button; dismissed may be empty.
 void alert(QWidget *window, const QString &title, const QString &informativeText,
            const std::function<void()> &dismissed = {});
+// Two buttons: answers 1 for the default one, 0 for the other.
+void choice(QWidget *window, const QString &title, const QString &informativeText, const QString &defaultTitle,
+            const QString &otherTitle, const std::function<void(int)> &answered);
 // "OK" / "Cancel": answers 1 for "OK", 0 for "Cancel".
 void okCancel(QWidget *window, const QString &title, const QString &informativeText,
               const std::function<void(int)> &answered);

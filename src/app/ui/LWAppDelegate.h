@@ -62,6 +62,8 @@ public:
                    const std::function<void()> &dismissed) override;
     void showConfirmation(const QString &title, const QString &informativeText,
                           const std::function<void(int)> &answered) override;
+    void showChoice(const QString &title, const QString &informativeText, const QString &defaultButton,
+                    const QString &otherButton, const std::function<void(int)> &answered) override;
     void showInput(const QString &title, const QString &defaultValue,
                    const std::function<void(const QString &)> &accepted) override;
     void showSlider(const QString &title, double minimum, double maximum, double value,

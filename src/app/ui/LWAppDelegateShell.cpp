@@ -83,6 +83,12 @@ void LWAppDelegate::showConfirmation(const QString &title, const QString &inform
     Dialogs::okCancel(mainWindow.get(), title, informativeText, answered);
 }
 
+void LWAppDelegate::showChoice(const QString &title, const QString &informativeText, const QString &defaultButton,
+                               const QString &otherButton, const std::function<void(int)> &answered)
+{
+    Dialogs::choice(mainWindow.get(), title, informativeText, defaultButton, otherButton, answered);
+}
+
 void LWAppDelegate::showInput(const QString &title, const QString &defaultValue,
                               const std::function<void(const QString &)> &accepted)
 {

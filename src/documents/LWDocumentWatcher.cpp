@@ -1,0 +1,97 @@
+#include "documents/LWDocumentWatcher.h"
+
+#include "app/LWShell.h"
+#include "documents/LWDocumentManager.h"
+
+#include <QFileInfo>
+#include <QtDebug>
+
+#include <utility>
+
+LWDocumentWatcher::LWDocumentWatcher(LWDocumentManager &manager) : manager(manager)
+{
+    settle.setSingleShot(true);
+    settle.setInterval(settleMilliseconds);
+    connect(&settle, &QTimer::timeout, this, &LWDocumentWatcher::examineChanges);
+    connect(&files, &QFileSystemWatcher::fileChanged, this, &LWDocumentWatcher::noteChange);
+}
+
+void LWDocumentWatcher::watch(const LWDocument::Ptr &document)
+{
+    if (!document || document->isUntitled() || !document->isFile())
+        return;
+    const QString path = document->fullPath();
+    documents[path] = document;
+    if (!files.files().contains(path) && document->diskStamp().exists)
+        files.addPath(path);
+}
+
+void LWDocumentWatcher::noteChange(const QString &path)
+{
+    changedPaths.insert(path);
+    settle.start();
+}
+
+void LWDocumentWatcher::examineChanges()
+{
+    const QSet<QString> paths = std::exchange(changedPaths, {});
+    for (const QString &path : paths) {
+        const auto found = documents.find(path);
+        const LWDocument::Ptr document = found == documents.end() ? nullptr : found->second.lock();
+        if (!document || document->fullPath() != path) {
+            files.removePath(path);
+            documents.erase(path);
+            continue;
+        }
+        // Replacing a file (as many programs save) ends the watch on it.
+        if (!files.files().contains(path) && QFileInfo::exists(path))
+            files.addPath(path);
+        examine(document);
+    }
+}
+
+void LWDocumentWatcher::examine(const LWDocument::Ptr &document)
+{
+    const LWDiskStamp now = LWDiskStamp::of(document->fullPath());
+    if (now == document->diskStamp())
+        return;  // our own save, or a change already dealt with
+    LWShell *shell = LWShell::instance();
+    if (!now.exists) {
+        qInfo().noquote() << QStringLiteral("%1 was removed or renamed on disk").arg(document->fullPath());
+        document->noteDiskStamp(now);
+        document->setSaved(false);
+        if (shell) {
+            shell->setStatusMessage(QStringLiteral("“%1” was removed or renamed on disk").arg(document->label()));
+            shell->setStatusMessageVisible(true);
+            shell->reloadOutline();
+        }
+        return;
+    }
+    if (document->saved()) {
+        qInfo().noquote() << QStringLiteral("%1 changed on disk; reloaded").arg(document->fullPath());
+        manager.reloadFromDisk(document);
+        return;
+    }
+    askKeepOrLoad(document);
+}
+
+void LWDocumentWatcher::askKeepOrLoad(const LWDocument::Ptr &document)
+{
+    LWShell *shell = LWShell::instance();
+    if (!shell)
+        return;
+    const LWDiskStamp seen = LWDiskStamp::of(document->fullPath());
+    const std::weak_ptr<LWDocument> weak = document;
+    shell->showChoice(QStringLiteral("“%1” changed on disk").arg(document->label()),
+                      QStringLiteral("Another program changed the file while it has unsaved changes here. "
+                                     "Keep your version, or load the file and lose your changes?"),
+                      QStringLiteral("Keep Mine"), QStringLiteral("Load Theirs"), [this, weak, seen](int keepMine) {
+                          const LWDocument::Ptr document = weak.lock();
+                          if (!document)
+                              return;
+                          if (keepMine)
+                              document->noteDiskStamp(seen);  // saving will not ask again
+                          else
+                              manager.reloadFromDisk(document);
+                      });
+}
