@@ -9,6 +9,7 @@
 #include "app/ui/PluginsMenu.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
+#include "editor/ui/LWBridgePage.h"
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
 
