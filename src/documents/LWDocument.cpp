@@ -13,6 +13,7 @@
 #include "documents/LWSafeSave.h"
 #include "documents/LWSpecChooser.h"
 #include "documents/LWTextEncoding.h"
+#include "editor/EditorTextTransfer.h"
 #include "extensions/LWSpec.h"
 
 #include <QFile>
@@ -167,6 +168,12 @@ void LWDocument::setChildren(const List &children)
     LWDocumentFilterCache::workspaceChanged();
 }
 
+void LWDocument::setContent(const std::optional<QString> &content)
+{
+    contentValue = content;
+    contentTagValue.clear();
+}
+
 QImage LWDocument::icon() const
 {
     return iconPair ? iconPair->icon : QImage();
@@ -219,6 +226,7 @@ QString LWDocument::getContent()
 {
     if (contentValue)
         return *contentValue;
+    contentTagValue.clear();
     if (fullPathValue.isEmpty()) {
         contentValue = QLatin1String("");
         return *contentValue;
@@ -243,7 +251,7 @@ QString LWDocument::getContent()
 void LWDocument::save()
 {
     if (LWShell *shell = LWShell::instance())
-        updateFromJson(shell->evaluateInEditor(QStringLiteral("lw.getState()")));
+        updateFromJson(shell->evaluateInEditor(editorStateQuery()));
     updateIcon(LWDocumentIcons::regularFile());
     writeContent();
     sendToEditor(QStringLiteral("$Events.exec('documentSaved');"));
@@ -316,15 +324,28 @@ void LWDocument::applySpecToWindow()
 
 QString LWDocument::toJson()
 {
+    return stateJson(false);
+}
+
+QString LWDocument::toEditorJson()
+{
+    return stateJson(true);
+}
+
+QString LWDocument::stateJson(bool forSwitch)
+{
     QJsonObject object;
     try {
         const LWSpec *spec = LWSpecChooser::specNamed(specNameValue);
         if (!spec)
             qWarning().noquote() << QStringLiteral("No installed specification \"%1\" for %2; showing it as text")
                                         .arg(specNameValue, labelValue);
-        object = QJsonObject{{QStringLiteral("content"), getContent()},
+        const QString text = getContent();
+        object = QJsonObject{{QStringLiteral("content"), forSwitch ? EditorTextTransfer::content(text) : QJsonValue(text)},
                              {QStringLiteral("mode"), spec ? LWSpecChooser::modeOf(spec) : QStringLiteral("text")},
                              {QStringLiteral("readOnly"), isReadOnly}};
+        if (forSwitch)
+            object.insert(QStringLiteral("tag"), contentTag());
     } catch (const std::exception &error) {
         qWarning().noquote() << QStringLiteral("!! Got an exception : %1").arg(QString::fromUtf8(error.what()));
         object = QJsonObject{{QStringLiteral("content"), QLatin1String("")},
@@ -333,11 +354,34 @@ QString LWDocument::toJson()
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
+const QString &LWDocument::contentTag()
+{
+    if (contentTagValue.isEmpty())
+        contentTagValue = EditorTextTransfer::newTag();
+    return contentTagValue;
+}
+
+QString LWDocument::editorStateQuery() const
+{
+    return EditorTextTransfer::stateQuery(contentTagValue);
+}
+
+// An answer with content replaces the node's content. One that names a tag
+// but leaves the content out means the page still holds the node's text; if
+// the tag is not the node's, the page could not report its text, and the
+// node keeps what it has rather than lose it.
 void LWDocument::updateFromJson(const QString &json)
 {
     LWDocumentState state;
     state.updateFromJson(json);
-    contentValue = state.content;
+    if (state.content || !state.tag) {
+        contentValue = state.content;
+        contentTagValue = state.content && state.tag ? *state.tag : QString();
+        return;
+    }
+    if (*state.tag != contentTagValue)
+        qWarning().noquote() << QStringLiteral("The editor did not report the text of %1; keeping the shell's copy")
+                                    .arg(labelValue);
 }
 
 // MARK: children

@@ -65,7 +65,8 @@ public:
     QString specName() const { return specNameValue; }
     void setSpecName(const QString &specName) { specNameValue = specName; }
     const std::optional<QString> &content() const { return contentValue; }
-    void setContent(const std::optional<QString> &content) { contentValue = content; }
+    // Setting the content forgets the tag under which the editor may hold the old one.
+    void setContent(const std::optional<QString> &content);
     bool saved() const { return isSaved; }
     void setSaved(bool saved) { isSaved = saved; }
     bool readOnly() const { return isReadOnly; }
@@ -99,6 +100,12 @@ public:
     // The editor's JSON form and reading the editor's state back.
     QString toJson();
     void updateFromJson(const QString &json);
+    // The form a switch sends: toJson() with the content's tag, and a large
+    // content as a reference the page fetches unless it holds that tag.
+    QString toEditorJson();
+    // The script that reads the editor's state back without moving the text
+    // when the page still holds exactly this node's content.
+    QString editorStateQuery() const;
 
     // Children.
     void addChildDocument(const Ptr &child);
@@ -150,6 +157,8 @@ private:
     static Ptr makeInFolder(const Ptr &parent, const QString &label, quint64 kind);
     void writeContent();
     void applySpecToWindow();
+    QString stateJson(bool forSwitch);
+    const QString &contentTag();
 
     QString labelValue;
     List childList;
@@ -159,6 +168,9 @@ private:
     QString fullPathValue;
     QString specNameValue;
     std::optional<QString> contentValue;
+    // Names contentValue towards the editor page; empty until the text is
+    // first sent or read back, and cleared whenever the content changes here.
+    QString contentTagValue;
     bool isSaved = true;
     bool isReadOnly = false;
     std::weak_ptr<LWDocument> parentNode;
