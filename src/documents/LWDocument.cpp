@@ -340,8 +340,10 @@ QString LWDocument::stateJson(bool forSwitch)
         if (!spec)
             qWarning().noquote() << QStringLiteral("No installed specification \"%1\" for %2; showing it as text")
                                         .arg(specNameValue, labelValue);
+        const bool sentBefore = !contentTagValue.isEmpty();
         const QString text = getContent();
-        object = QJsonObject{{QStringLiteral("content"), forSwitch ? EditorTextTransfer::content(text) : QJsonValue(text)},
+        object = QJsonObject{{QStringLiteral("content"),
+                              forSwitch ? EditorTextTransfer::content(text, sentBefore) : QJsonValue(text)},
                              {QStringLiteral("mode"), spec ? LWSpecChooser::modeOf(spec) : QStringLiteral("text")},
                              {QStringLiteral("readOnly"), isReadOnly}};
         if (forSwitch)

@@ -11,9 +11,9 @@ QString EditorTextTransfer::newTag()
     return QStringLiteral("s%1").arg(++made);
 }
 
-QJsonValue EditorTextTransfer::content(const QString &text)
+QJsonValue EditorTextTransfer::content(const QString &text, bool pageMayHoldIt)
 {
-    if (text.size() <= LiteralLimit || !TextOffers::isServed())
+    if (!TextOffers::isServed() || (text.size() <= LiteralLimit && !pageMayHoldIt))
         return text;
     return QJsonObject{{QStringLiteral("url"), TextOffers::offer(text)}};
 }

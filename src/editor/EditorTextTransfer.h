@@ -19,10 +19,12 @@ public:
     // A tag for text the shell sets, unique for the life of the program.
     static QString newTag();
 
-    // The "content" member of a state for lw.setState(): the text itself
-    // when small (or when no server for offers is installed), else a
-    // reference {"url": ...} from which the page fetches it once.
-    static QJsonValue content(const QString &text);
+    // The "content" member of a state for lw.setState(): a reference
+    // {"url": ...} from which the page fetches the text once, or the text
+    // itself when it is small and new to the page (or when no server for
+    // offers is installed). A page that holds the text under the state's tag
+    // uses neither, so text it may hold always goes as a reference.
+    static QJsonValue content(const QString &text, bool pageMayHoldIt);
 
     // "lw.getState()" naming the tag of the text the shell already holds, so
     // that an unchanged session answers without its content.

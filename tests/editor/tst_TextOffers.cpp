@@ -9,15 +9,17 @@ class TextOffersTest : public QObject
     Q_OBJECT
 
 private slots:
-    void largeTextsGoAsOffersOnlyWhenServed()
+    void largeOrKnownTextsGoAsOffersOnlyWhenServed()
     {
         const QString large(EditorTextTransfer::LiteralLimit + 1, QLatin1Char('x'));
         const QString small = QStringLiteral("small \u00e9");
-        QCOMPARE(EditorTextTransfer::content(large), QJsonValue(large));
+        QCOMPARE(EditorTextTransfer::content(large, false), QJsonValue(large));
+        QCOMPARE(EditorTextTransfer::content(small, true), QJsonValue(small));
 
         TextOffers::setServed(true);
-        QCOMPARE(EditorTextTransfer::content(small), QJsonValue(small));
-        const QString url = EditorTextTransfer::content(large).toObject().value(QStringLiteral("url")).toString();
+        QCOMPARE(EditorTextTransfer::content(small, false), QJsonValue(small));
+        QVERIFY(EditorTextTransfer::content(small, true).toObject().contains(QStringLiteral("url")));
+        const QString url = EditorTextTransfer::content(large, false).toObject().value(QStringLiteral("url")).toString();
         QVERIFY2(url.startsWith(QStringLiteral("lwtext://offer/")), qPrintable(url));
         const QString ticket = url.section(QLatin1Char('/'), -1);
         QCOMPARE(ticket.size(), 32);

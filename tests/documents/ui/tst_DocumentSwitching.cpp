@@ -28,6 +28,8 @@ private:
     void switchTo(const LWDocument::Ptr &document) { delegate->documentManager()->switchToDoc(document); }
     // The page's own full state of the shown document, content included.
     QString shownContent();
+    // How many texts the page has fetched from the shell since the last call.
+    int textsFetched();
 
     std::unique_ptr<LWAppDelegate> delegate;
     LWDocument::Ptr elsewhere;
@@ -41,6 +43,16 @@ void TestDocumentSwitching::initTestCase()
     QSignalSpy ready(delegate.get(), &LWAppDelegate::editorReady);
     QVERIFY(ready.wait(60000));
     elsewhere = LWDocument::fileWithLabel(QStringLiteral("elsewhere.txt"), QStringLiteral("elsewhere\n"));
+    page(QStringLiteral("window.textsFetched = 0; var open = XMLHttpRequest.prototype.open;"
+                        "XMLHttpRequest.prototype.open = function (method, url) {"
+                        "  if (String(url).indexOf('lwtext:') === 0) window.textsFetched++;"
+                        "  return open.apply(this, arguments); }; ''"));
+}
+
+int TestDocumentSwitching::textsFetched()
+{
+    return page(QStringLiteral("(function () { var count = window.textsFetched; window.textsFetched = 0;"
+                               "  return String(count); })()")).toInt();
 }
 
 void TestDocumentSwitching::cleanupTestCase()
@@ -64,7 +76,9 @@ void TestDocumentSwitching::switchingKeepsTextUndoAndCursor()
     QCOMPARE(page(QStringLiteral("lw.getValue()")), QStringLiteral("elsewhere\n"));
     QCOMPARE(first->content(), std::optional<QString>(QStringLiteral("one\ntXwo\n")));
 
+    textsFetched();
     switchTo(first);
+    QCOMPARE(textsFetched(), 0);
     QCOMPARE(page(QStringLiteral("lw.editor.session.lwId")), session);
     QCOMPARE(page(QStringLiteral("lw.getValue()")), QStringLiteral("one\ntXwo\n"));
     QCOMPARE(page(QStringLiteral("JSON.stringify(lw.editor.getCursorPosition())")),
@@ -94,24 +108,29 @@ void TestDocumentSwitching::textsRoundTripExactly_data()
     const QString sample = QStringLiteral("line \"one\" 'two' \\ back\\slash \\n \u00e9\u4e2d \U0001F600 "
                                           "\u2028 sep \u2029 para </script>\r\n");
     QTest::addColumn<QString>("text");
-    QTest::newRow("small, inside the script") << sample + sample;
+    QTest::addColumn<int>("fetches");
+    QTest::newRow("small, inside the script") << sample + sample << 0;
     QString large;
     while (large.size() < 3 * 1024 * 1024)
         large += sample;
-    QTest::newRow("large, fetched by the page") << large;
+    QTest::newRow("large, fetched by the page") << large << 1;
 }
 
 void TestDocumentSwitching::textsRoundTripExactly()
 {
     QFETCH(QString, text);
+    QFETCH(int, fetches);
     const LWDocument::Ptr document = LWDocument::fileWithLabel(QStringLiteral("exact.txt"), text);
+    textsFetched();
     switchTo(document);
+    QCOMPARE(textsFetched(), fetches);
     QCOMPARE(shownContent(), text);
 
     page(QStringLiteral("lw.editor.navigateFileEnd(); lw.insert('\u00e9\U0001F600'); ''"));
     switchTo(elsewhere);
     QCOMPARE(*document->content(), text + QStringLiteral("\u00e9\U0001F600"));
     switchTo(document);
+    QCOMPARE(textsFetched(), 0);
     QCOMPARE(shownContent(), *document->content());
 }
 

@@ -3,6 +3,7 @@
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
 #include "support/RecordingShell.h"
+#include "support/WebTestMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -253,5 +254,5 @@ void TestWebViewControllers::utilityEditorReusesALoadedMode()
     QVERIFY(utility->editorMode().isEmpty());
 }
 
-QTEST_MAIN(TestWebViewControllers)
+LW_WEB_TEST_MAIN(TestWebViewControllers)
 #include "tst_LWWebViewControllers.moc"
