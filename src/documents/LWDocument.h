@@ -100,8 +100,9 @@ public:
     // The editor's JSON form and reading the editor's state back.
     QString toJson();
     void updateFromJson(const QString &json);
-    // The form a switch sends: toJson() with the content's tag, and a large
-    // content as a reference the page fetches unless it holds that tag.
+    // The form a switch sends: toJson() with the content's tag, and a content
+    // that is large or that the page may already hold as a reference (which
+    // the page follows only when it does not hold that tag).
     QString toEditorJson();
     // The script that reads the editor's state back without moving the text
     // when the page still holds exactly this node's content.
