@@ -1,107 +1,144 @@
-// Document switch through the editor page: the shell's state round trip
-// ("lw.setState(<json>);" then "lw.getState()") against the same content set
-// and read by the editor directly inside the page, with each call split into
-// the page's own work and the rest (moving and parsing the script and its
-// result between the processes).
-#include "../tests/support/EditorPage.h"
+// Document switches on the real editor page, driven through the document
+// manager as the window drives them, each timed once from the shell's start
+// until the editor shows the text, against the editor component's own
+// setValue/getValue of the same text in the same page. Also the script
+// escape's throughput.
+#include "app/ui/LWAppDelegate.h"
+#include "app/ui/LWMainWindow.h"
+#include "documents/LWDocumentManager.h"
+#include "editor/JavaScriptEscape.h"
+#include "editor/ui/TextOfferSchemeHandler.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <algorithm>
+#include <QEventLoop>
+#include <QTimer>
 #include <cstdio>
-#include <cstdlib>
+#include <ctime>
 
 namespace {
 
-constexpr int Runs = 3;
-
-QString sourceText(int bytes)
+QString sourceText(qsizetype characters)
 {
-    const QString line = QStringLiteral("    result = compute(\"value\", 'quoted', path\\\\to\\\\file) + %1; // note\n");
+    const QString line = QStringLiteral("    result = compute(\"value\", 'quoted', path\\\\to\\\\file) + %1; // n\u00f6te\r\n");
     QString text;
-    text.reserve(bytes + 100);
-    for (int i = 0; text.size() < bytes; ++i)
+    text.reserve(characters + 100);
+    for (int i = 0; text.size() < characters; ++i)
         text += line.arg(i);
+    text.truncate(characters);
     return text;
 }
 
-// The best time of a statement run inside the page with `state` holding the
-// current document's state object.
-double inPageBest(EditorPage &page, const char *statement)
+class SwitchBench
 {
-    return page.eval(QStringLiteral(
-        "(function () { var state = JSON.parse(lw.getState()), best = 1e12;"
-        "  for (var i = 0; i < %1; i++) { lw.setState(state); var t = performance.now(); %2"
-        "    best = Math.min(best, performance.now() - t); }"
-        "  return best; })()").arg(Runs).arg(QLatin1String(statement))).toDouble();
-}
+public:
+    SwitchBench() : delegate(QStringList()) {}
 
-template <typename Step>
-double bestOf(Step step)
-{
-    double best = 1e12;
-    for (int run = 0; run < Runs; ++run) {
+    bool start()
+    {
+        delegate.window()->resize(1000, 700);
+        delegate.window()->show();
+        bool ready = false;
+        QEventLoop loop;
+        QObject::connect(&delegate, &LWAppDelegate::editorReady, &loop, [&] {
+            ready = true;
+            loop.quit();
+        });
+        QTimer::singleShot(60000, &loop, &QEventLoop::quit);
+        loop.exec();
+        // Lets the start-up work queued behind the ready signal (the outline
+        // selecting the first document) finish before anything is timed.
+        QTimer::singleShot(1000, &loop, &QEventLoop::quit);
+        loop.exec();
+        return ready;
+    }
+
+    // Milliseconds from asking for the switch until the page has drawn the document.
+    double switchTo(const LWDocument::Ptr &document)
+    {
+        const qsizetype lines = document->getContent().count(QLatin1Char('\n')) + 1;
         QElapsedTimer clock;
         clock.start();
-        step();
-        best = std::min(best, clock.nsecsElapsed() / 1e6);
+        delegate.documentManager()->switchToDoc(document);
+        const QString shown = delegate.evaluateInEditor(
+            QStringLiteral("lw.editor.resize(true); String(lw.editor.session.getLength())"));
+        const double elapsed = clock.nsecsElapsed() / 1e6;
+        if (shown.toLongLong() != lines)
+            std::fprintf(stderr, "the editor shows %s lines, not %lld\n", qPrintable(shown),
+                         static_cast<long long>(lines));
+        return elapsed;
     }
-    return best;
+
+    // The editor's own setValue and getValue of the document's text, in a
+    // scratch session of the same page, in milliseconds.
+    double editorAlone(const LWDocument::Ptr &scratch)
+    {
+        delegate.evaluateInEditor(QStringLiteral("window.benchText = lw.getValue(); ''"));
+        switchTo(scratch);
+        return delegate.evaluateInEditor(QStringLiteral(
+            "(function () { var text = window.benchText; window.benchText = null;"
+            "  var start = performance.now(); lw.editor.session.setValue(text); lw.editor.resize(true);"
+            "  var back = lw.editor.getValue(); var elapsed = performance.now() - start;"
+            "  return String(back.length === text.length ? elapsed : -1); })()")).toDouble();
+    }
+
+    LWAppDelegate delegate;
+};
+
+void measureSwitches(SwitchBench &bench)
+{
+    const LWDocument::Ptr home = LWDocument::fileWithLabel(QStringLiteral("home.txt"), QStringLiteral("home\n"));
+    bench.switchTo(home);
+    double backRatio = 0;
+    for (int megabytes : {5, 50}) {
+        const QString text = sourceText(qsizetype(megabytes) * 1000 * 1000);
+        const LWDocument::Ptr document = LWDocument::fileWithLabel(QStringLiteral("big.txt"), text);
+        const double first = bench.switchTo(document);
+        bench.switchTo(home);
+        const double back = bench.switchTo(document);
+        const double alone = bench.editorAlone(LWDocument::fileWithLabel(QStringLiteral("scratch.txt"), QString()));
+        std::printf("# %d MB: first switch %.1f ms, switch back %.2f ms, editor alone %.1f ms\n", megabytes, first,
+                    back, alone);
+        std::printf("BENCH switch_first_%dmb_vs_ace %.2f x\n", megabytes, first / alone);
+        backRatio = back / alone;
+        bench.switchTo(home);
+    }
+    std::printf("BENCH switch_back_vs_ace %.3f x\n", backRatio);
 }
 
-void measure(EditorPage &page, int megabytes)
+double threadSeconds()
 {
-    const QString content = sourceText(megabytes * 1024 * 1024);
-    const QString json = QString::fromUtf8(QJsonDocument(QJsonObject{{"content", content}, {"mode", "javascript"}})
-                                               .toJson(QJsonDocument::Compact));
-    const QString setState = QStringLiteral("lw.setState(%1);").arg(json);
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return now.tv_sec + now.tv_nsec / 1e9;
+}
 
-    QString state;
-    const double roundTrip = bestOf([&] {
-        page.eval(setState);
-        state = page.evalString(QStringLiteral("lw.getState()"));
-    });
-    const bool intact = QJsonDocument::fromJson(state.toUtf8()).object().value("content").toString() == content;
-    const double inAce = page.eval(QStringLiteral(
-        "(function () { var c = JSON.parse(lw.getState()).content, best = 1e12;"
-        "  for (var i = 0; i < %1; i++) { var t = performance.now(); lw.editor.session.setValue(c);"
-        "    if (lw.editor.getValue().length !== c.length) return -1; best = Math.min(best, performance.now() - t); }"
-        "  return best; })()").arg(Runs)).toDouble();
-    const double pageSet = inPageBest(page, "lw.setState(state);");
-    const double pageGet = inPageBest(page, "lw.getState();");
-    const double protocolSet = bestOf([&] { page.eval(setState); });
-    const double protocolGet = bestOf([&] { page.evalString(QStringLiteral("lw.getState()")); });
-    page.eval(QStringLiteral("lw.setState({content: '', mode: 'text'}); 0"));
-
-    std::printf("%3d MB  round trip %8.1f ms   editor alone in the page %7.1f ms   ratio %5.2f   content intact: %s\n",
-                megabytes, roundTrip, inAce, roundTrip / inAce, intact ? "yes" : "NO");
-    std::printf("        setState %8.1f ms, of which the page's own work %6.1f ms (the rest: script transfer and parsing)\n",
-                protocolSet, pageSet);
-    std::printf("        getState %8.1f ms, of which the page's own work %6.1f ms (the rest: result transfer)\n",
-                protocolGet, pageGet);
+// Timed on this thread's processor clock, so that other work on a shared
+// machine does not count against it.
+void measureEscape()
+{
+    const QString text = sourceText(20 * 1024 * 1024);
+    const double start = threadSeconds();
+    const QString escaped = escapedForJavascript(text);
+    const double seconds = threadSeconds() - start;
+    std::printf("BENCH escape_mb_per_s %.0f MB/s\n", text.size() / 1e6 / seconds);
+    if (escaped.size() <= text.size())
+        std::fprintf(stderr, "the escape changed nothing\n");
 }
 
 }
 
 int main(int argc, char **argv)
 {
+    TextOfferSchemeHandler::registerScheme();
     QApplication app(argc, argv);
-    // A fresh page per size, so that one size's garbage does not weigh on the next.
-    for (int megabytes : {5, 50}) {
-        QObject core;
-        EditorPage page(&core);
-        QObject::connect(page.page, &QWebEnginePage::renderProcessTerminated, [](auto status, int code) {
-            std::fprintf(stderr, "the page's process ended (status %d, code %d)\n", int(status), code);
-            std::exit(1);
-        });
-        if (!page.load()) {
-            std::fprintf(stderr, "the editor page did not load\n");
-            return 1;
-        }
-        measure(page, megabytes);
-        std::fflush(stdout);
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    SwitchBench bench;
+    if (!bench.start()) {
+        std::fprintf(stderr, "the editor page did not become ready\n");
+        return 1;
     }
+    measureSwitches(bench);
+    measureEscape();
     return 0;
 }

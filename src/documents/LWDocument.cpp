@@ -13,6 +13,7 @@
 #include "documents/LWSafeSave.h"
 #include "documents/LWSpecChooser.h"
 #include "documents/LWTextEncoding.h"
+#include "editor/EditorTextTransfer.h"
 #include "extensions/LWSpec.h"
 
 #include <QFile>
@@ -168,6 +169,12 @@ void LWDocument::setChildren(const List &children)
     LWDocumentFilterCache::workspaceChanged();
 }
 
+void LWDocument::setContent(const std::optional<QString> &content)
+{
+    contentValue = content;
+    contentTagValue.clear();
+}
+
 QImage LWDocument::icon() const
 {
     return iconPair ? iconPair->icon : QImage();
@@ -220,6 +227,7 @@ QString LWDocument::getContent()
 {
     if (contentValue)
         return *contentValue;
+    contentTagValue.clear();
     if (fullPathValue.isEmpty()) {
         contentValue = QLatin1String("");
         return *contentValue;
@@ -260,7 +268,7 @@ QString LWDocument::getContent()
 
 void LWDocument::reloadFromDisk()
 {
-    contentValue.reset();
+    setContent(std::nullopt);
     isReadOnly = false;
     getContent();
     isSaved = true;
@@ -269,7 +277,7 @@ void LWDocument::reloadFromDisk()
 bool LWDocument::save()
 {
     if (LWShell *shell = LWShell::instance())
-        updateFromJson(shell->evaluateInEditor(QStringLiteral("lw.getState()")));
+        updateFromJson(shell->evaluateInEditor(editorStateQuery()));
     return finishSave();
 }
 
@@ -359,15 +367,30 @@ void LWDocument::applySpecToWindow()
 
 QString LWDocument::toJson()
 {
+    return stateJson(false);
+}
+
+QString LWDocument::toEditorJson()
+{
+    return stateJson(true);
+}
+
+QString LWDocument::stateJson(bool forSwitch)
+{
     QJsonObject object;
     try {
         const LWSpec *spec = LWSpecChooser::specNamed(specNameValue);
         if (!spec)
             qWarning().noquote() << QStringLiteral("No installed specification \"%1\" for %2; showing it as text")
                                         .arg(specNameValue, labelValue);
-        object = QJsonObject{{QStringLiteral("content"), getContent()},
+        const bool sentBefore = !contentTagValue.isEmpty();
+        const QString text = getContent();
+        object = QJsonObject{{QStringLiteral("content"),
+                              forSwitch ? EditorTextTransfer::content(text, sentBefore) : QJsonValue(text)},
                              {QStringLiteral("mode"), spec ? LWSpecChooser::modeOf(spec) : QStringLiteral("text")},
                              {QStringLiteral("readOnly"), isReadOnly}};
+        if (forSwitch)
+            object.insert(QStringLiteral("tag"), contentTag());
     } catch (const std::exception &error) {
         qWarning().noquote() << QStringLiteral("!! Got an exception : %1").arg(QString::fromUtf8(error.what()));
         object = QJsonObject{{QStringLiteral("content"), QLatin1String("")},
@@ -376,18 +399,36 @@ QString LWDocument::toJson()
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
+const QString &LWDocument::contentTag()
+{
+    if (contentTagValue.isEmpty())
+        contentTagValue = EditorTextTransfer::newTag();
+    return contentTagValue;
+}
+
+QString LWDocument::editorStateQuery() const
+{
+    return EditorTextTransfer::stateQuery(contentTagValue);
+}
+
+// An answer with content replaces the node's content. One that names the
+// node's tag but leaves the content out means the page still holds the node's
+// text. Anything else (no answer, not JSON, another tag) means the page could
+// not report its text, and the node keeps what it has rather than lose it.
 void LWDocument::updateFromJson(const QString &json)
 {
     LWDocumentState state;
     state.updateFromJson(json);
-    if (!state.content) {
-        qWarning().noquote() << QStringLiteral("The editor's state for %1 holds no text (%2); keeping the text "
-                                               "last known")
-                                    .arg(labelValue, json.isEmpty() ? QStringLiteral("no answer")
-                                                                    : QStringLiteral("%1 characters").arg(json.size()));
+    if (state.content) {
+        contentValue = state.content;
+        contentTagValue = state.tag ? *state.tag : QString();
         return;
     }
-    contentValue = state.content;
+    if (state.tag && *state.tag == contentTagValue)
+        return;
+    qWarning().noquote() << QStringLiteral("The editor did not report the text of %1 (%2); keeping the text last known")
+                                .arg(labelValue, json.isEmpty() ? QStringLiteral("no answer")
+                                                                : QStringLiteral("%1 characters").arg(json.size()));
 }
 
 // MARK: children

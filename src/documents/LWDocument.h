@@ -68,7 +68,8 @@ public:
     QString specName() const { return specNameValue; }
     void setSpecName(const QString &specName) { specNameValue = specName; }
     const std::optional<QString> &content() const { return contentValue; }
-    void setContent(const std::optional<QString> &content) { contentValue = content; }
+    // Setting the content forgets the tag under which the editor may hold the old one.
+    void setContent(const std::optional<QString> &content);
     bool saved() const { return isSaved; }
     void setSaved(bool saved) { isSaved = saved; }
     bool readOnly() const { return isReadOnly; }
@@ -118,6 +119,13 @@ public:
     // content as it was, and says so in the log.
     QString toJson();
     void updateFromJson(const QString &json);
+    // The form a switch sends: toJson() with the content's tag, and a content
+    // that is large or that the page may already hold as a reference (which
+    // the page follows only when it does not hold that tag).
+    QString toEditorJson();
+    // The script that reads the editor's state back without moving the text
+    // when the page still holds exactly this node's content.
+    QString editorStateQuery() const;
 
     // Children.
     void addChildDocument(const Ptr &child);
@@ -172,6 +180,8 @@ private:
     std::optional<QString> writeContent();
     void reportSaveFailure(const QString &reason) const;
     void applySpecToWindow();
+    QString stateJson(bool forSwitch);
+    const QString &contentTag();
 
     QString labelValue;
     List childList;
@@ -183,6 +193,9 @@ private:
     std::optional<QString> contentValue;
     LWStoredText storedForm;
     LWDiskStamp diskStampValue;
+    // Names contentValue towards the editor page; empty until the text is
+    // first sent or read back, and cleared whenever the content changes here.
+    QString contentTagValue;
     bool isSaved = true;
     bool isReadOnly = false;
     std::weak_ptr<LWDocument> parentNode;

@@ -178,13 +178,13 @@ void LWDocumentManager::storeOutgoingState()
     LWShell *shell = LWShell::instance();
     if (!shell)
         return;
-    current->updateFromJson(shell->evaluateInEditor(QStringLiteral("lw.getState()")));
+    current->updateFromJson(shell->evaluateInEditor(current->editorStateQuery()));
     shell->sendToEditor(QStringLiteral("lw.saveLocalState('%1');").arg(current->identity()));
 }
 
 void LWDocumentManager::loadIntoEditor(const LWDocument::Ptr &document)
 {
     LWShell *shell = LWShell::instance();
-    shell->sendToEditor(QStringLiteral("lw.setState(%1);").arg(document->toJson()));
+    shell->sendToEditor(QStringLiteral("lw.setState(%1);").arg(document->toEditorJson()));
     shell->sendToEditor(QStringLiteral("lw.loadLocalState('%1');").arg(document->identity()));
 }

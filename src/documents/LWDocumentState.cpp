@@ -63,4 +63,5 @@ void LWDocumentState::updateFromJson(const QString &json)
     const QVariantMap object = JSONComments::JSONObjectWithCommentedData(json.toUtf8()).toMap();
     content = stringMember(object, QStringLiteral("content"));
     mode = stringMember(object, QStringLiteral("mode"));
+    tag = stringMember(object, QStringLiteral("tag"));
 }

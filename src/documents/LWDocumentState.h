@@ -17,9 +17,11 @@ public:
     std::optional<QString> content = QString(QLatin1String(""));
     std::optional<QString> mode = QStringLiteral("text");
     QString specName = QStringLiteral("Plain Text");
+    // The editor's name for the content, when it gave one.
+    std::optional<QString> tag;
 
     // {"content", "mode"}; absent members are left out.
     QString toJson() const;
-    // Takes "content" and "mode" (each absent when missing).
+    // Takes "content", "mode" and "tag" (each absent when missing).
     void updateFromJson(const QString &json);
 };

@@ -3,7 +3,7 @@
 #include <QString>
 
 // Makes a value safe to place inside a quoted string of a script evaluated in
-// the editor page: escapes backslash, line feed, carriage return, double quote
-// and single quote, in that order (backslash first, so the escapes added for
-// the others are not escaped again).
+// the editor page, in one pass: backslash, double quote and single quote get a
+// backslash before them, and line feed and carriage return both become "\n"
+// (so a CR LF pair reads as two line breaks). Nothing else is touched.
 QString escapedForJavascript(const QString &value);

@@ -2,9 +2,12 @@
 #include "documents/LWDocument.h"
 #include "documents/LWDocumentArchive.h"
 #include "documents/LWDocumentManager.h"
+#include "editor/TextOffers.h"
 #include "support/DocumentFixtures.h"
 #include "support/RecordingShell.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QtTest>
 
 #include <csignal>
@@ -53,6 +56,7 @@ private slots:
     void renamingUntitledChangesOnlyTheNode();
     void renamingOnDiskKeepsThePath();
     void jsonFormsAndCopy();
+    void editorTagsSpareUnchangedText();
     void archiveKeepsTheSubtreeAndRefusesDamage();
     void savingWritesTheEditorTextAndKeepsPermissions();
     void interruptedSaveLeavesOldOrNewContent();
@@ -227,7 +231,8 @@ void tst_LWDocument::renamingUntitledChangesOnlyTheNode()
     QVERIFY(untitled->isUntitled());
     QCOMPARE(shell.specPopupTitle, QStringLiteral("HTML"));
     QCOMPARE(shell.calls.first(), QStringLiteral("tab title index.html"));
-    QVERIFY(shell.calls.contains(QStringLiteral("script lw.setState({\"content\":\"\",\"mode\":\"html\",\"readOnly\":false});")));
+    QVERIFY(!shell.calls.filter(QStringLiteral("script lw.setState({\"content\":\"\",\"mode\":\"html\",\"readOnly\":false,"
+                                               "\"tag\":")).isEmpty());
     QVERIFY(QDir(fixtures->root()).entryList(QDir::Files).isEmpty());
     LWDocumentManager::setShared(nullptr);
 }
@@ -300,6 +305,42 @@ void tst_LWDocument::archiveKeepsTheSubtreeAndRefusesDamage()
 
     QVERIFY(!LWDocumentArchive::unarchive(data.left(data.size() / 2)));
     QVERIFY(!LWDocumentArchive::unarchive(QByteArray("not an archive")));
+}
+
+void tst_LWDocument::editorTagsSpareUnchangedText()
+{
+    const LWDocument::Ptr file = LWDocument::fileWithLabel(QStringLiteral("a.txt"), QStringLiteral("text"));
+    const auto sent = [&file] { return QJsonDocument::fromJson(file->toEditorJson().toUtf8()).object(); };
+    TextOffers::setServed(true);
+    const QJsonObject first = sent();
+    const QString tag = first.value(QStringLiteral("tag")).toString();
+    QCOMPARE(first.value(QStringLiteral("content")).toString(), QStringLiteral("text"));
+    // Sent again, the text the page may hold goes as a reference only.
+    const QJsonObject again = sent();
+    QCOMPARE(again.value(QStringLiteral("tag")).toString(), tag);
+    const QString url = again.value(QStringLiteral("content")).toObject().value(QStringLiteral("url")).toString();
+    QCOMPARE(TextOffers::take(url.section(QLatin1Char('/'), -1)), std::optional<QString>(QStringLiteral("text")));
+    TextOffers::setServed(false);
+    QCOMPARE(file->editorStateQuery(), QStringLiteral("lw.getState('%1')").arg(tag));
+
+    // The page still holds the node's text: the node keeps its own.
+    file->updateFromJson(QStringLiteral("{\"tag\": \"%1\", \"mode\": \"text\"}").arg(tag));
+    QCOMPARE(file->content(), std::optional<QString>(QStringLiteral("text")));
+    // Edited text comes with the page's tag for it.
+    file->updateFromJson(QStringLiteral("{\"content\": \"edited\", \"tag\": \"p1-1:3\"}"));
+    QCOMPARE(file->content(), std::optional<QString>(QStringLiteral("edited")));
+    QCOMPARE(file->editorStateQuery(), QStringLiteral("lw.getState('p1-1:3')"));
+    // A page that could not report the text loses nothing.
+    file->updateFromJson(QStringLiteral("{\"tag\": \"unavailable\"}"));
+    QCOMPARE(file->content(), std::optional<QString>(QStringLiteral("edited")));
+
+    // Copies and text set by the shell get tags of their own.
+    QVERIFY(file->copy()->editorStateQuery() != file->editorStateQuery());
+    file->setContent(QStringLiteral("it's new"));
+    QCOMPARE(file->editorStateQuery(), QStringLiteral("lw.getState()"));
+    QVERIFY(sent().value(QStringLiteral("tag")).toString() != QStringLiteral("p1-1:3"));
+    file->updateFromJson(QStringLiteral("{\"content\": \"x\", \"tag\": \"it's\"}"));
+    QCOMPARE(file->editorStateQuery(), QStringLiteral("lw.getState('it\\'s')"));
 }
 
 void tst_LWDocument::savingWritesTheEditorTextAndKeepsPermissions()

@@ -10,6 +10,15 @@
 
 namespace {
 
+// The scripts sent, with the shell's own content tags (which count up across
+// the program) shown as "T".
+QStringList withTagsHidden(QStringList calls)
+{
+    static const QRegularExpression shellTag(QStringLiteral("(\"tag\":\"|getState\\(')s\\d+"));
+    calls.replaceInStrings(shellTag, QStringLiteral("\\1T"));
+    return calls;
+}
+
 QStringList importSteps(const QStringList &adoption, bool isLast)
 {
     QStringList steps{"status message \"Importing Documents...\"", "status message shown",
@@ -62,22 +71,23 @@ void tst_LWDocumentManager::switchingStoresTheOutgoingTextAndLoadsTheIncoming()
     manager.switchToDoc(b);
     shell->scriptAnswer = QStringLiteral("{\"content\": \"edited B\"}");
     manager.switchToDoc(a);
-    const QString setA = QStringLiteral("script lw.setState({\"content\":\"%1\",\"mode\":\"python\",\"readOnly\":false});");
-    QCOMPARE(shell->calls, QStringList({
+    const QString setA = QStringLiteral("script lw.setState({\"content\":\"%1\",\"mode\":\"python\",\"readOnly\":false,"
+                                        "\"tag\":\"T\"});");
+    QCOMPARE(withTagsHidden(shell->calls), QStringList({
         "loading spinner hidden", "window title a.py", "editor shown", setA.arg("A"),
         "script lw.loadLocalState('" + a->identity() + "');",
-        "loading spinner hidden", "script lw.getState()", "script lw.saveLocalState('" + a->identity() + "');",
+        "loading spinner hidden", "script lw.getState('T')", "script lw.saveLocalState('" + a->identity() + "');",
         "window title b.txt - proj", "editor shown",
-        "script lw.setState({\"content\":\"B\",\"mode\":\"text\",\"readOnly\":false});",
+        "script lw.setState({\"content\":\"B\",\"mode\":\"text\",\"readOnly\":false,\"tag\":\"T\"});",
         "script lw.loadLocalState('" + b->identity() + "');",
-        "loading spinner hidden", "script lw.getState()", "script lw.saveLocalState('" + b->identity() + "');",
+        "loading spinner hidden", "script lw.getState('T')", "script lw.saveLocalState('" + b->identity() + "');",
         "window title a.py", "editor shown", setA.arg("edited A"),
         "script lw.loadLocalState('" + a->identity() + "');"}));
     QCOMPARE(b->content(), std::optional<QString>(QStringLiteral("edited B")));
 
     shell->calls.clear();
     manager.switchToDoc(a);
-    QVERIFY(!shell->calls.contains(QStringLiteral("script lw.getState()")));
+    QVERIFY(shell->calls.filter(QStringLiteral("lw.getState")).isEmpty());
     QCOMPARE(manager.currentDocument(), a);
 }
 
@@ -118,8 +128,8 @@ void tst_LWDocumentManager::untitledWorkspaceStartsWithACopy()
 
     shell->calls.clear();
     manager->switchToDoc(untitled);
-    QCOMPARE(shell->calls.mid(4), QStringList({"editor shown",
-        "script lw.setState({\"content\":\"\",\"mode\":\"text\",\"readOnly\":false});",
+    QCOMPARE(withTagsHidden(shell->calls.mid(4)), QStringList({"editor shown",
+        "script lw.setState({\"content\":\"\",\"mode\":\"text\",\"readOnly\":false,\"tag\":\"T\"});",
         "script lw.loadLocalState('" + untitled->identity() + "');"}));
 }
 

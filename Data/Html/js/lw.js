@@ -133,7 +133,7 @@
 
   function state(sessions) {
     return {
-      getState: function () { return sessions.getState(); },
+      getState: function (knownTag) { return sessions.getState(knownTag == null ? null : String(knownTag)); },
       setState: function (value) { sessions.setState(value); },
       saveLocalState: function (token) { sessions.saveLocal(String(token)); },
       loadLocalState: function (token) { sessions.loadLocal(String(token)); },

@@ -4,6 +4,7 @@
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/WindowScreenshot.h"
 #include "editor/ui/LWWebViewController.h"
+#include "editor/ui/TextOfferSchemeHandler.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -41,6 +42,7 @@ Options parse(const QApplication &app)
 int run(int argc, char *argv[])
 {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    TextOfferSchemeHandler::registerScheme();
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Larkwood"));
     QApplication::setOrganizationName(QStringLiteral("Larkwood"));

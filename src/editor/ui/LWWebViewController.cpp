@@ -2,6 +2,7 @@
 
 #include "app/LWPaths.h"
 #include "editor/ui/LWBridgePage.h"
+#include "editor/ui/TextOfferSchemeHandler.h"
 
 #include <QWebEngineView>
 
@@ -10,6 +11,7 @@ LWWebViewController::LWWebViewController(QObject *backend, QWidget *viewParent)
       webView(new QWebEngineView(viewParent)),
       bridgePage(new LWBridgePage(backend, webView))
 {
+    TextOfferSchemeHandler::installOn(bridgePage->profile());
     webView->setPage(bridgePage);
     connect(bridgePage, &LWBridgePage::contentLoaded, this, &LWWebViewController::pageLoaded);
     loadEditorPage();

@@ -4,6 +4,7 @@
 #include "app/ui/LWMainWindow.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
+#include "support/WebTestMain.h"
 
 #include <QAbstractButton>
 #include <QFile>
@@ -148,5 +149,5 @@ void TestFileMenu::quitAndCloseButtonAskWhileSomethingIsUnsaved()
     LWDefaults::shared()->removeObjectForKey(QStringLiteral("LW_DoOnQuit"));
 }
 
-QTEST_MAIN(TestFileMenu)
+LW_WEB_TEST_MAIN(TestFileMenu)
 #include "tst_FileMenu.moc"

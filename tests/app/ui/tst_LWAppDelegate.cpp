@@ -7,6 +7,7 @@
 #include "editor/LWViewMenuController.h"
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "extensions/LWBundle.h"
+#include "support/WebTestMain.h"
 
 #include <QFile>
 #include <QLabel>
@@ -180,5 +181,5 @@ void TestAppDelegate::terminalOutputArrivesInTheTerminal()
     QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.isRunning())")), QStringLiteral("false"), 20000);
 }
 
-QTEST_MAIN(TestAppDelegate)
+LW_WEB_TEST_MAIN(TestAppDelegate)
 #include "tst_LWAppDelegate.moc"

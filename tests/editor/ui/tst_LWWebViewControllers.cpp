@@ -3,6 +3,7 @@
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
 #include "support/RecordingShell.h"
+#include "support/WebTestMain.h"
 
 #include <QDir>
 #include <QFile>
@@ -347,5 +348,5 @@ void TestWebViewControllers::remotePageAnsweringTheModeQueryGetsNoText()
         QVERIFY2(!request.contains("secret"), request.constData());
 }
 
-QTEST_MAIN(TestWebViewControllers)
+LW_WEB_TEST_MAIN(TestWebViewControllers)
 #include "tst_LWWebViewControllers.moc"
