@@ -3,6 +3,7 @@
 #include "app/LWDefaults.h"
 #include "app/LWShell.h"
 #include "documents/LWImagePreview.h"
+#include "documents/LWSpecChooser.h"
 
 #include "documents/LWImportTask.h"
 
@@ -148,12 +149,22 @@ void LWDocumentManager::switchToDoc(const LWDocument::Ptr &document)
     shell->setWindowTitle(document->path().isEmpty()
                               ? document->label()
                               : QStringLiteral("%1 - %2").arg(document->label(), document->path()));
+    showSpecOf(*document);
     if (!document->isUntitled() && LWImagePreview::isImage(document->fullPath())) {
         shell->showImagePreview(LWImagePreview::load(document->fullPath()));
         return;
     }
     shell->showEditorView();
     loadIntoEditor(document);
+}
+
+// The status bar's language and the plugin menus (with the run button)
+// always follow the document in the editor.
+void LWDocumentManager::showSpecOf(const LWDocument &document)
+{
+    LWShell *shell = LWShell::instance();
+    shell->setSpecPopupTitle(document.specName());
+    shell->updatePluginMenusForSpec(LWSpecChooser::specNamed(document.specName()));
 }
 
 void LWDocumentManager::storeOutgoingState()

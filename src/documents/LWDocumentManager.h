@@ -46,7 +46,8 @@ public:
     // Stores a copy of the node; switchToDoc stores the node itself.
     void setCurrentDocument(const LWDocument::Ptr &document);
 
-    // Moves the editor to the node.
+    // Moves the editor to the node, and the language pop-up and plugin menus
+    // to its specification.
     void switchToDoc(const LWDocument::Ptr &document);
 
 signals:
@@ -56,6 +57,7 @@ signals:
 private:
     void importInBackground(const QStringList &paths);
     void adoptImported(const QString &path, const LWDocument::Ptr &node, bool isLast);
+    void showSpecOf(const LWDocument &document);
     void storeOutgoingState();
     void loadIntoEditor(const LWDocument::Ptr &document);
 
