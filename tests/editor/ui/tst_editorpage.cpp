@@ -419,7 +419,7 @@ private slots:
         QTRY_COMPARE(page->evalString("lw.getValue()"), QStringLiteral("apple\npear\n{\"b\": [1, 2]}\n"));
         page->eval("lw.goToLine(3); lw.selectLine();");
         page->eval(runPluginScript("Format JSON", shippedPlugin("Format JSON")));
-        QTRY_VERIFY(page->evalString("lw.getValue()").endsWith("{\n  \"b\": [\n    1,\n    2\n  ]\n}"));
+        QTRY_VERIFY(page->evalString("lw.getValue()").endsWith("{\n  \"b\": [\n    1,\n    2\n  ]\n}\n"));
 
         page->eval(runPluginScript("Word Count", shippedPlugin("Word Count")));
         QTRY_VERIFY(core->argumentsOf("showStatus_").value(0).contains(" words"));
