@@ -134,8 +134,11 @@ void PluginsMenu::dropTakenKeys()
             taken.insert(key, item->text());
             continue;
         }
-        qWarning().noquote() << QStringLiteral("Plugin \"%1\" keeps no key: %2 already belongs to \"%3\"")
+        const QString warning = QStringLiteral("Plugin \"%1\" keeps no key: %2 already belongs to \"%3\"")
                                     .arg(item->text(), key.toString(), taken.value(key));
+        if (!warned.contains(warning))
+            qWarning().noquote() << warning;
+        warned.insert(warning);
         item->setShortcut({});
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QSet>
+#include <QString>
 #include <QVariantList>
 
 class LWEnvironment;
@@ -35,4 +37,6 @@ private:
     QWidget *window;
     LWEnvironment *environment;
     LWPluginsMenuController *controller;
+    // Each taken key is reported once, not at every rebuild.
+    QSet<QString> warned;
 };

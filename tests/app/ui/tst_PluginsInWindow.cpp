@@ -1,8 +1,10 @@
+#include "app/LWPaths.h"
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -17,7 +19,7 @@
 
 // The shipped plugins in the real window on the real editor page: the
 // plugin menus follow the document being shown, every key of the menu bar
-// belongs to one item and works, and each shipped plugin, started by its key
+// belongs to one item (a user's plugin wanting a taken key loses it) and works, and each shipped plugin, started by its key
 // or its item, changes the editor, the terminal or the window as it should.
 class tst_PluginsInWindow : public QObject
 {
@@ -50,6 +52,13 @@ private:
 
 void tst_PluginsInWindow::initTestCase()
 {
+    // A user's plugin that the global index does not list, wanting Save's key.
+    const QString userPlugin = LWPaths::dataPath("User/Plugins/Shout.lwPlugin");
+    QVERIFY(QDir().mkpath(userPlugin));
+    QFile manifest(userPlugin + "/info.json");
+    QVERIFY(manifest.open(QIODevice::WriteOnly));
+    manifest.write(R"({ "name": "shout", "category": "Mine", "shortcut": "@+S" })");
+    manifest.close();
     QFile script(folder.filePath("hello.py"));
     QVERIFY(script.open(QIODevice::WriteOnly));
     script.write("print('not saved yet')\n");
@@ -162,6 +171,9 @@ void tst_PluginsInWindow::everyKeyBelongsToOneItem()
     for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner)
         QVERIFY2(owner.value().size() == 1,
                  qPrintable(owner.key().toString() + " belongs to " + owner.value().join(", ")));
+    QVERIFY(item("Shout"));
+    QVERIFY(item("Shout")->shortcut().isEmpty());
+    QCOMPARE(delegate->window()->findChild<QAction *>("saveAction")->shortcut(), QKeySequence("Ctrl+S"));
     QCOMPARE(item("Preview HTML")->shortcut(), QKeySequence("Ctrl+Shift+P"));
     QCOMPARE(item("Preview Markdown")->shortcut(), QKeySequence("Ctrl+Shift+M"));
     QCOMPARE(item("Format JSON")->shortcut(), QKeySequence("Meta+Shift+J"));
