@@ -6,9 +6,14 @@
 
 namespace LWPaths {
 
+bool isSandboxed()
+{
+    return qEnvironmentVariableIsSet("APP_SANDBOX_CONTAINER_ID");
+}
+
 QString dataRoot()
 {
-    if (!qEnvironmentVariableIsEmpty("APP_SANDBOX_CONTAINER_ID"))
+    if (isSandboxed())
         return QDir::homePath();
     QString dataHome = qEnvironmentVariable("XDG_DATA_HOME");
     if (dataHome.isEmpty() || QDir::isRelativePath(dataHome))

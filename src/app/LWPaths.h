@@ -5,8 +5,12 @@
 // Where the program finds its shipped resources and keeps its per-user data.
 namespace LWPaths {
 
-// The per-user data root: $HOME when sandboxed (APP_SANDBOX_CONTAINER_ID set),
-// otherwise the XDG data home joined with "Larkwood".
+// Whether the process runs sandboxed: APP_SANDBOX_CONTAINER_ID is present in
+// its environment, whatever its value (an empty value counts too).
+bool isSandboxed();
+
+// The per-user data root: $HOME when sandboxed, otherwise the XDG data home
+// joined with "Larkwood".
 QString dataRoot();
 
 // The data root joined with a relative path.

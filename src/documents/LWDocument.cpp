@@ -230,7 +230,7 @@ QString LWDocument::getContent()
     else
         qWarning().noquote() << QStringLiteral("Could not read %1: %2").arg(fullPathValue, file.errorString());
     contentValue = file.error() == QFileDevice::NoError
-                       ? LWTextEncoding::decode(bytes, LWTextEncoding::defaultEncoding())
+                       ? storedForm.read(bytes, LWTextEncoding::defaultEncoding())
                        : std::nullopt;
     if (!contentValue) {
         contentValue = LWHexRendering::render(bytes);
@@ -240,41 +240,57 @@ QString LWDocument::getContent()
     return *contentValue;
 }
 
-void LWDocument::save()
+bool LWDocument::save()
 {
     if (LWShell *shell = LWShell::instance())
         updateFromJson(shell->evaluateInEditor(QStringLiteral("lw.getState()")));
-    updateIcon(LWDocumentIcons::regularFile());
-    writeContent();
-    sendToEditor(QStringLiteral("$Events.exec('documentSaved');"));
-    isSaved = true;
+    return finishSave();
 }
 
-void LWDocument::saveWithoutState()
+bool LWDocument::saveWithoutState()
 {
-    writeContent();
+    return finishSave();
+}
+
+bool LWDocument::finishSave()
+{
+    if (const std::optional<QString> failure = writeContent()) {
+        reportSaveFailure(*failure);
+        return false;
+    }
     updateIcon(LWDocumentIcons::regularFile());
     sendToEditor(QStringLiteral("$Events.exec('documentSaved');"));
     isSaved = true;
+    return true;
 }
 
-// Writing the hexadecimal view back would destroy the file it shows, and a
-// node without content has nothing to write: both leave the disk untouched.
-void LWDocument::writeContent()
+// Writing the hexadecimal view back would destroy the file it shows, and the
+// view cannot be edited, so the file already holds what it shows.
+std::optional<QString> LWDocument::writeContent()
 {
     if (isReadOnly) {
         qInfo().noquote() << QStringLiteral("Not saving read-only document %1").arg(fullPathValue);
-        return;
+        return std::nullopt;
     }
-    if (!contentValue || fullPathValue.isEmpty())
-        return;
-    const auto bytes = LWTextEncoding::encode(*contentValue, LWTextEncoding::defaultEncoding());
-    if (!bytes) {
-        qWarning().noquote() << QStringLiteral("Could not save %1: the text has characters the chosen encoding "
-                                               "cannot hold").arg(fullPathValue);
-        return;
-    }
-    LWSafeSave::write(fullPathValue, *bytes);
+    if (fullPathValue.isEmpty())
+        return QStringLiteral("The document has no file yet.");
+    if (!contentValue)
+        return QStringLiteral("The editor did not give the text, and there is no earlier text to write.");
+    const auto bytes = storedForm.bytesFor(*contentValue, LWTextEncoding::defaultEncoding());
+    if (!bytes)
+        return QStringLiteral("The text has characters that the chosen encoding cannot hold.");
+    QString reason;
+    if (!LWSafeSave::write(fullPathValue, *bytes, &reason))
+        return QStringLiteral("The file %1 could not be written: %2.").arg(fullPathValue, reason);
+    return std::nullopt;
+}
+
+void LWDocument::reportSaveFailure(const QString &reason) const
+{
+    qWarning().noquote() << QStringLiteral("Could not save %1: %2").arg(labelValue, reason);
+    if (LWShell *shell = LWShell::instance())
+        shell->showAlert(QStringLiteral("Could not save \u201c%1\u201d").arg(labelValue),
+                         reason + QStringLiteral(" The document keeps its unsaved changes."));
 }
 
 // MARK: renaming
@@ -333,6 +349,13 @@ void LWDocument::updateFromJson(const QString &json)
 {
     LWDocumentState state;
     state.updateFromJson(json);
+    if (!state.content) {
+        qWarning().noquote() << QStringLiteral("The editor's state for %1 holds no text (%2); keeping the text "
+                                               "last known")
+                                    .arg(labelValue, json.isEmpty() ? QStringLiteral("no answer")
+                                                                    : QStringLiteral("%1 characters").arg(json.size()));
+        return;
+    }
     contentValue = state.content;
 }
 

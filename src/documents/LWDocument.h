@@ -1,5 +1,7 @@
 #pragma once
 
+#include "documents/LWStoredText.h"
+
 #include <QImage>
 #include <QString>
 
@@ -90,13 +92,20 @@ public:
     void updateIcon(const QImage &image);
     QImage getIcon() const;
 
-    // Content, saving and renaming.
+    // Content, saving and renaming. Saving answers whether the file now
+    // holds the text: a failed save shows an alert naming the file and the
+    // reason, and leaves the node unsaved. save() first takes the editor's
+    // text; when the editor gives none, the text last known is written.
+    // Text still as it was read is written back byte for byte, and changed
+    // text keeps the file's byte-order mark.
     QString getContent();
-    void save();
-    void saveWithoutState();
+    bool save();
+    bool saveWithoutState();
     void renameWithLabel(const QString &label);
 
-    // The editor's JSON form and reading the editor's state back.
+    // The editor's JSON form and reading the editor's state back. A state
+    // without text (no answer, not JSON, no "content" string) leaves the
+    // content as it was, and says so in the log.
     QString toJson();
     void updateFromJson(const QString &json);
 
@@ -148,7 +157,10 @@ public:
 private:
     static Ptr makeFile(const QString &label, const std::optional<QString> &text);
     static Ptr makeInFolder(const Ptr &parent, const QString &label, quint64 kind);
-    void writeContent();
+    bool finishSave();
+    // Nothing when the file now holds the content, else why it does not.
+    std::optional<QString> writeContent();
+    void reportSaveFailure(const QString &reason) const;
     void applySpecToWindow();
 
     QString labelValue;
@@ -159,6 +171,7 @@ private:
     QString fullPathValue;
     QString specNameValue;
     std::optional<QString> contentValue;
+    LWStoredText storedForm;
     bool isSaved = true;
     bool isReadOnly = false;
     std::weak_ptr<LWDocument> parentNode;

@@ -6,6 +6,32 @@
 
 #include <QtDebug>
 
+namespace {
+
+// Where a node was before Save As pointed it at a new file. A failed save
+// puts it back, so that the node never names a file that was not written.
+struct Location
+{
+    QString label;
+    QString path;
+    QString fullPath;
+    QString specName;
+};
+
+Location locationOf(const LWDocument &document)
+{
+    return {document.label(), document.path(), document.fullPath(), document.specName()};
+}
+
+void moveBack(LWDocument &document, const Location &location)
+{
+    document.setLabel(location.label);
+    document.setPath(location.path);
+    document.setFullPath(location.fullPath);
+    document.setSpecName(location.specName);
+}
+
+}
 
 LWFileMenuController::LWFileMenuController(LWDocumentManager &manager)
     : manager(manager)
@@ -79,7 +105,9 @@ void LWFileMenuController::saveAction()
         saveAsAction();
         return;
     }
-    document->save();
+    // A failed save has told the user and left the node as it was.
+    if (!document->save())
+        return;
     if (LWShell *shell = LWShell::instance())
         shell->reloadOutline();
 }
@@ -92,9 +120,13 @@ void LWFileMenuController::saveAsAction()
         return;
     shell->showSaveDialog([document](const QString &path) {
         LWShell *shell = LWShell::instance();
-        shell->noteRecentDocument(path);
+        const Location previous = locationOf(*document);
         document->updatePath(path);
-        document->save();
+        if (!document->save()) {
+            moveBack(*document, previous);
+            return;
+        }
+        shell->noteRecentDocument(path);
         shell->reloadOutline();
         shell->selectInOutline(document);
     });

@@ -17,8 +17,15 @@ quint64 defaultEncoding();
 // The text of the bytes, or nothing when they are not valid in the encoding.
 std::optional<QString> decode(const QByteArray &bytes, quint64 encoding);
 
-// The text as bytes in the encoding, or nothing when some character has no
-// form in it (writing a substitute would lose that text).
-std::optional<QByteArray> encode(const QString &text, quint64 encoding);
+// The byte-order mark the bytes begin with when it is one of the encoding's
+// own (either UTF-16 mark for UTF-16 of unstated byte order, only its own
+// for a stated one), else empty. Decoding drops such a mark.
+QByteArray byteOrderMark(const QByteArray &bytes, quint64 encoding);
+
+// The text as bytes in the encoding, after the mark and in the byte order it
+// names (a mark found by byteOrderMark, or none), or nothing when some
+// character has no form in the encoding (writing a substitute would lose
+// that text).
+std::optional<QByteArray> encode(const QString &text, quint64 encoding, const QByteArray &mark = {});
 
 }

@@ -106,6 +106,8 @@ public:
     LWTerm *termTask() const { return session.termTask(); }
 
 private:
+    // Redraws the outline once the current page call has returned.
+    void reloadOutlineLater();
     void showInput(const QString &title, const QString &defaultValue, const QString &callback, bool logFilled);
     void showSlider(const QString &title, double minimum, double maximum, double value, const QString &change,
                     const QString &callback);

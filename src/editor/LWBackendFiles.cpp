@@ -6,6 +6,7 @@
 #include "app/LWShell.h"
 #include "documents/FileManager.h"
 #include "documents/LWDocumentManager.h"
+#include "documents/LWSafeSave.h"
 #include "editor/EditorCommand.h"
 
 #include <QDir>
@@ -15,7 +16,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRandomGenerator>
-#include <QSaveFile>
 
 namespace {
 
@@ -23,15 +23,6 @@ LWDocument::Ptr currentDocument()
 {
     LWDocumentManager *manager = LWDocumentManager::shared();
     return manager ? manager->currentDocument() : nullptr;
-}
-
-bool writeAtomically(const QString &path, const QString &text)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 && file.commit())
-        return true;
-    qWarning("Could not write %s: %s", qPrintable(path), qPrintable(file.errorString()));
-    return false;
 }
 
 QString readText(const QString &path)
@@ -55,7 +46,7 @@ QString LWBackend::getTempFile_withExtension_(const QString &text, const QString
     QDir().mkpath(folder);
     const int number = static_cast<int>(QRandomGenerator::global()->bounded(10000));
     const QString path = folder + QStringLiteral("/%1.%2").arg(number).arg(extension);
-    return writeAtomically(path, text) ? path : QString();
+    return LWSafeSave::write(path, text.toUtf8()) ? path : QString();
 }
 
 QString LWBackend::getFullPath()
@@ -90,17 +81,25 @@ void LWBackend::document_write_(const QString &path, const QString &text)
     LWDocumentManager *manager = LWDocumentManager::shared();
     const LWDocument::Ptr open = manager ? manager->documentTree().documentWithFullPath(path) : nullptr;
     if (open) {
+        // A saved node's icon changes; a failed save has told the user and
+        // left the node unsaved, showing as it did.
         open->setContent(text);
-        open->saveWithoutState();
+        if (open->saveWithoutState())
+            reloadOutlineLater();
         return;
     }
-    if (!writeAtomically(path, text))
+    if (!LWSafeSave::write(path, text.toUtf8()))
         return;
     const LWDocument::Ptr current = currentDocument();
     const LWDocument::Ptr parent = current ? current->parent() : nullptr;
     if (!parent)
         return;
     parent->addChildDocument(LWDocument::fileFromPath(path));
+    reloadOutlineLater();
+}
+
+void LWBackend::reloadOutlineLater()
+{
     QMetaObject::invokeMethod(this, [] {
         if (LWShell *shell = LWShell::instance())
             shell->reloadOutline();

@@ -1,6 +1,7 @@
 #include "extensions/JSONComments.h"
 
 #include "extensions/JSONCommentStripper.h"
+#include "extensions/JSONSyntaxCheck.h"
 #include "extensions/UTFTranscoder.h"
 
 #include <QFile>
@@ -55,27 +56,19 @@ std::optional<QByteArray> utf8From(QByteArrayView text, JSONComments::Encoding e
     }
 }
 
-// Stripped JSON holds no byte below 0x20: layout whitespace is gone and
-// control characters must be escaped in strings. QJsonDocument lets them
-// through in strings, so they are refused here.
-qsizetype firstControlCharacter(QByteArrayView text)
-{
-    const auto found = std::find_if(text.begin(), text.end(), [](char c) { return uchar(c) < 0x20; });
-    return found == text.end() ? -1 : found - text.begin();
-}
-
-// QJsonDocument takes only an object or an array and refuses a leading UTF-8
-// mark, so the mark is dropped and the text is parsed as the one element of
-// an array, which lets a scalar stand at the top level.
+// QJsonDocument is lenient on numbers, escapes and control characters, so
+// the text must first pass the standard grammar. It also takes only an
+// object or an array and refuses a leading UTF-8 mark, so the mark is dropped
+// and the text is parsed as the one element of an array, which lets a scalar
+// stand at the top level.
 QVariant parseStrict(const QByteArray &utf8, LWJSONError *error)
 {
     QByteArrayView text(utf8);
     if (startsWith(utf8, utf8Mark, 3))
         text = text.sliced(3);
-    const qsizetype controlCharacter = firstControlCharacter(text);
-    if (controlCharacter >= 0)
+    if (const auto fault = JSONSyntaxCheck::firstFault(text))
         return fail(error, propertyListReadCorruptError,
-                    QStringLiteral("Unescaped control character around character %1.").arg(controlCharacter));
+                    QStringLiteral("%1 around character %2.").arg(fault->description).arg(fault->offset));
     QByteArray wrapped;
     wrapped.reserve(text.size() + 2);
     wrapped.append('[').append(text).append(']');
@@ -87,9 +80,6 @@ QVariant parseStrict(const QByteArray &utf8, LWJSONError *error)
         return fail(error, propertyListReadCorruptError,
                     QStringLiteral("%1 around character %2.").arg(parseError.errorString()).arg(offset));
     }
-    if (values.size() != 1)
-        return fail(error, propertyListReadCorruptError,
-                    values.isEmpty() ? QStringLiteral("No value.") : QStringLiteral("Garbage at end."));
     return values.first().toVariant();
 }
 

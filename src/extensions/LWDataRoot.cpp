@@ -2,7 +2,6 @@
 
 #include "app/LWPaths.h"
 #include "documents/FileManager.h"
-#include "extensions/LWEnvironment.h"
 #include "extensions/LWTextFiles.h"
 
 #include <QDir>
@@ -50,7 +49,7 @@ int storedBuildNumber()
 
 bool prepare()
 {
-    if (!LWEnvironment::isSandboxed() && !QFileInfo::exists(LWPaths::dataRoot()))
+    if (!LWPaths::isSandboxed() && !QFileInfo::exists(LWPaths::dataRoot()))
         QDir().mkpath(LWPaths::dataRoot());
     copyUserFolders();
     const int stored = storedBuildNumber();

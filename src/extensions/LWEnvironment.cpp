@@ -63,11 +63,6 @@ void LWEnvironment::setShared(LWEnvironment *environment)
     sharedEnvironment = environment;
 }
 
-bool LWEnvironment::isSandboxed()
-{
-    return !qEnvironmentVariableIsEmpty("APP_SANDBOX_CONTAINER_ID");
-}
-
 void LWEnvironment::load()
 {
     setEnvPath(LWTerminal::getPath());

@@ -31,9 +31,6 @@ public:
     static LWEnvironment *shared();
     static void setShared(LWEnvironment *environment);
 
-    // Whether the process runs sandboxed (APP_SANDBOX_CONTAINER_ID is set).
-    static bool isSandboxed();
-
     // Start-up: sets up the data root (user folders, version check, fresh
     // "Data" copy), loads all bundles, builds the lookup maps and, after a
     // fresh copy, installs every bundle. Call once.

@@ -1,7 +1,7 @@
 #include "extensions/LWPlugin.h"
 
+#include "app/LWPaths.h"
 #include "app/LWShell.h"
-#include "extensions/LWEnvironment.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -14,7 +14,7 @@ LWPlugin *LWPlugin::pluginFromPath(const QString &path)
 
 bool LWPlugin::mayRun() const
 {
-    return !LWEnvironment::isSandboxed() || !needsNoSandbox();
+    return !LWPaths::isSandboxed() || !needsNoSandbox();
 }
 
 QString LWPlugin::runScript(const QString &scriptSource) const

@@ -1,9 +1,10 @@
 #include "extensions/LWTextFiles.h"
 
+#include "documents/LWSafeSave.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace LWTextFiles {
 
@@ -18,12 +19,7 @@ std::optional<QString> readUtf8(const QString &path)
 bool writeAtomically(const QString &path, const QString &text)
 {
     QDir().mkpath(QFileInfo(path).absolutePath());
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 && file.commit())
-        return true;
-    qWarning("LWTextFiles : writeAtomically :: ERROR : %s : %s",
-             qUtf8Printable(path), qUtf8Printable(file.errorString()));
-    return false;
+    return LWSafeSave::write(path, text.toUtf8());
 }
 
 bool isSafeFileName(const QString &name)

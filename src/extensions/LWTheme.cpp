@@ -43,12 +43,19 @@ void LWTheme::compileLess(const QString &lessPath)
     const QString identifier = infoText(QStringLiteral("name"));
     const QVariant dark = info().value(QStringLiteral("dark"));
     const QString target = modulePath();
-    // The completion may outlive this theme object, so it carries copies.
-    LWTerm::create()->exec({lessc, lessPath}, {}, nullptr, [identifier, dark, target, lessPath](const QString &output) {
-        // A failed compile still writes what came out, as the editor expects a module.
-        if (!output.contains(QLatin1Char('{')))
-            qWarning("LWTheme : install :: lessc produced no style for %s: %s", qUtf8Printable(lessPath),
-                     qUtf8Printable(output.left(200)));
+    // The completion may outlive this theme object, so it carries copies. The
+    // run is alive while its completion runs, so the weak pointer holds then.
+    const std::shared_ptr<LWTerm> run = LWTerm::create();
+    const std::weak_ptr<LWTerm> compiler = run;
+    run->exec({lessc, lessPath}, {}, nullptr, [compiler, identifier, dark, target, lessPath](const QString &output) {
+        // A failed compile prints the compiler's message, not a style sheet:
+        // writing that out would give the editor a broken module.
+        const std::shared_ptr<LWTerm> ended = compiler.lock();
+        if (!ended || ended->exitStatus() != 0) {
+            qWarning("LWTheme : install :: lessc could not compile theme \"%s\" (%s), so it is not installed: %s",
+                     qUtf8Printable(identifier), qUtf8Printable(lessPath), qUtf8Printable(output.trimmed()));
+            return;
+        }
         const QString css = LWThemeModule::rewriteCompiledLess(output, identifier);
         LWTextFiles::writeAtomically(target, LWThemeModule::moduleText(identifier, dark, css));
     });

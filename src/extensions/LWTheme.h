@@ -13,7 +13,8 @@ public:
     static LWTheme *themeFromPath(const QString &path);
 
     // Writes the editor module: at once for CSS, when lessc has finished for
-    // LESS (the module is written from the compiler's completion).
+    // LESS (the module is written from the compiler's completion). When lessc
+    // fails, its message is logged with the theme's name and nothing is written.
     void install() override;
 
 private:

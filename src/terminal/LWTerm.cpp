@@ -5,7 +5,6 @@
 #include "terminal/ChildEnvironment.h"
 #include "terminal/DetachedRun.h"
 #include "terminal/LWTerminal.h"
-#include "terminal/WorkingFolderSentinel.h"
 
 #include <QDebug>
 
@@ -69,8 +68,7 @@ QString LWTerm::exec(const QVariantList &args, const QVariantMap &environment, H
     if (!environment.isEmpty())
         child->setProcessEnvironment(ChildEnvironment::fromEntries(environment));
     const LWEnvironment *registry = LWEnvironment::shared();
-    const QString line = WorkingFolderSentinel::commandLine(registry ? registry->pwd() : QString(),
-                                                            sanitizedArgs(args));
+    const QString line = sentinel.commandLine(registry ? registry->pwd() : QString(), sanitizedArgs(args));
 
     // The connections hold this run alive until the child has ended.
     std::shared_ptr<LWTerm> self = shared_from_this();
@@ -78,13 +76,15 @@ QString LWTerm::exec(const QVariantList &args, const QVariantMap &environment, H
                      [self] { self->readChannel(self->outputReader); });
     QObject::connect(child, &QProcess::readyReadStandardError, child,
                      [self] { self->readChannel(self->errorReader); });
-    QObject::connect(child, &QProcess::finished, child, [self] { self->finish(); });
+    QObject::connect(child, &QProcess::finished, child, [self](int code, QProcess::ExitStatus status) {
+        self->finish(status == QProcess::NormalExit ? code : -1);
+    });
     QObject::connect(child, &QProcess::errorOccurred, child, [self](QProcess::ProcessError error) {
         if (error != QProcess::FailedToStart)
             return;
         qWarning().noquote() << QStringLiteral("Cannot start %1: %2")
                                     .arg(shellProgram, self->process->errorString());
-        self->finish();
+        self->finish(-1);
     });
     child->start(shellProgram, {QStringLiteral("bash"), QStringLiteral("--login"), QStringLiteral("-c"), line});
     return QString();
@@ -93,7 +93,7 @@ QString LWTerm::exec(const QVariantList &args, const QVariantMap &environment, H
 void LWTerm::readChannel(Utf8ChannelReader &reader)
 {
     QString chunk = reader.readAvailable(*process);
-    const QString folder = WorkingFolderSentinel::takeFolder(chunk);
+    const QString folder = sentinel.takeFolder(chunk);
     if (!folder.isNull() && LWEnvironment::shared())
         LWEnvironment::shared()->setPwd(folder);
     if (action)
@@ -101,10 +101,11 @@ void LWTerm::readChannel(Utf8ChannelReader &reader)
     collected += chunk;
 }
 
-void LWTerm::finish()
+void LWTerm::finish(int status)
 {
     QProcess *child = process;
     process = nullptr;
+    lastExitStatus = status;
     if (completed)
         completed(collected);
     showBusy(false);

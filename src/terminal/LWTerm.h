@@ -1,6 +1,7 @@
 #pragma once
 
 #include "terminal/Utf8ChannelReader.h"
+#include "terminal/WorkingFolderSentinel.h"
 
 #include <QPointer>
 #include <QProcess>
@@ -43,6 +44,11 @@ public:
     // The child process; null before a run and once the child has ended.
     QProcess *task() const { return process; }
 
+    // The exit status of the last run once it has ended (already set when
+    // the completion handler runs): the command's own status, or -1 when the
+    // shell could not start or crashed.
+    int exitStatus() const { return lastExitStatus; }
+
     // Writes the text to the child's standard input and closes it: a run
     // takes one write. Answers false, with the reason, when there is no
     // running child or its input is already closed.
@@ -56,13 +62,15 @@ private:
     LWTerm() = default;
 
     void readChannel(Utf8ChannelReader &reader);
-    void finish();
+    void finish(int status);
 
     QPointer<QProcess> process;
     Utf8ChannelReader outputReader{QProcess::StandardOutput};
     Utf8ChannelReader errorReader{QProcess::StandardError};
+    WorkingFolderSentinel sentinel;
     QString collected;
     bool inputClosed = false;
+    int lastExitStatus = -1;
     Handler action;
     Handler completed;
 };

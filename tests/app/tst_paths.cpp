@@ -33,8 +33,12 @@ private slots:
 
     void sandboxedProcessesKeepTheirDataInTheHome()
     {
-        qputenv("APP_SANDBOX_CONTAINER_ID", "larkwood");
-        QCOMPARE(LWPaths::dataRoot(), QDir(home.path()).absolutePath());
+        QVERIFY(!LWPaths::isSandboxed());
+        for (const QByteArray value : {QByteArray("larkwood"), QByteArray()}) {
+            qputenv("APP_SANDBOX_CONTAINER_ID", value);
+            QVERIFY2(LWPaths::isSandboxed(), value.constData());
+            QCOMPARE(LWPaths::dataRoot(), QDir(home.path()).absolutePath());
+        }
     }
 
     void resourceFolderIsOverriddenOrBesideTheExecutable()

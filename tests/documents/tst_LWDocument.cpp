@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -55,6 +56,10 @@ private slots:
     void archiveKeepsTheSubtreeAndRefusesDamage();
     void savingWritesTheEditorTextAndKeepsPermissions();
     void interruptedSaveLeavesOldOrNewContent();
+    void failedSaveIsToldAndKeepsTheChanges();
+    void fullDiskLeavesTheOldFile();
+    void unchangedTextIsWrittenBackAsRead_data();
+    void unchangedTextIsWrittenBackAsRead();
 
 private:
     std::unique_ptr<DocumentFixtures> fixtures;
@@ -248,8 +253,11 @@ void tst_LWDocument::jsonFormsAndCopy()
 
     file->updateFromJson(QStringLiteral("/* state */ {\"content\": \"edited\", \"cursor\": 3}"));
     QCOMPARE(file->content(), std::optional<QString>(QStringLiteral("edited")));
-    file->updateFromJson(QStringLiteral("[1, 2]"));
-    QVERIFY(!file->content());
+    // No text in the state (no answer, not an object) keeps the text known.
+    for (const QString &state : {QString(), QStringLiteral("[1, 2]"), QStringLiteral("{\"content\": 5}")}) {
+        file->updateFromJson(state);
+        QCOMPARE(file->content(), std::optional<QString>(QStringLiteral("edited")));
+    }
 
     LWDocument::Ptr folder = LWDocument::filesGroup();
     folder->addChildDocument(file);
@@ -357,6 +365,106 @@ void tst_LWDocument::interruptedSaveLeavesOldOrNewContent()
         if (isNew)
             fixtures->write("big.txt", oldContent);
     }
+}
+
+void tst_LWDocument::failedSaveIsToldAndKeepsTheChanges()
+{
+    RecordingShell shell;
+    const auto expectFailure = [&shell](const LWDocument::Ptr &file, bool withState) {
+        file->setSaved(false);
+        shell.alerts.clear();
+        shell.editorScripts.clear();
+        QVERIFY(!(withState ? file->save() : file->saveWithoutState()));
+        QVERIFY(!file->saved());
+        QCOMPARE(shell.alerts.size(), 1);
+        QCOMPARE(shell.alerts[0].first, QStringLiteral("Could not save \u201c%1\u201d").arg(file->label()));
+        QVERIFY(!shell.editorScripts.contains(QStringLiteral("$Events.exec('documentSaved');")));
+    };
+
+    LWDocument::Ptr inGoneFolder = fileAt(fixtures->write("gone/a.txt", "old"));
+    inGoneFolder->setContent(QStringLiteral("edited"));
+    QVERIFY(QDir(fixtures->path("gone")).removeRecursively());
+    expectFailure(inGoneFolder, false);
+    QVERIFY(shell.alerts[0].second.contains(inGoneFolder->fullPath()));
+    QCOMPARE(inGoneFolder->content(), std::optional<QString>(QStringLiteral("edited")));
+
+    LWDocument::Ptr folder = fileAt(fixtures->makeFolder("folder.txt"));
+    folder->setContent(QStringLiteral("text"));
+    expectFailure(folder, false);
+    QVERIFY(QFileInfo(folder->fullPath()).isDir());
+
+    // A page that gives no answer: the text last known is saved, and without
+    // one the save fails and the file stays as it was.
+    const QString path = fixtures->write("b.txt", "on disk");
+    LWDocument::Ptr known = fileAt(path);
+    known->setContent(QStringLiteral("last known"));
+    shell.scriptAnswer = QString();
+    QVERIFY(known->save());
+    QCOMPARE(DocumentFixtures::read(path), QByteArray("last known"));
+    expectFailure(fileAt(fixtures->write("c.txt", "on disk")), true);
+    QCOMPARE(DocumentFixtures::read(fixtures->path("c.txt")), QByteArray("on disk"));
+}
+
+// A disk that fills up during the save is played by a file size limit in a
+// child process: writes past it fail as they would on a full disk.
+void tst_LWDocument::fullDiskLeavesTheOldFile()
+{
+    const QByteArray oldContent(1000, 'o');
+    const QString path = fixtures->write("full/small.txt", oldContent);
+    const pid_t child = fork();
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{4096, 4096};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        RecordingShell shell;
+        LWDocument::Ptr file = fileAt(path);
+        file->setContent(QString(10000, QLatin1Char('n')));
+        file->setSaved(false);
+        const bool saved = file->saveWithoutState();
+        _exit((saved ? 1 : 0) | (file->saved() ? 2 : 0) | (shell.alerts.size() != 1 ? 4 : 0));
+    }
+    int status = 0;
+    QCOMPARE(::waitpid(child, &status, 0), child);
+    QVERIFY(WIFEXITED(status));
+    QCOMPARE(WEXITSTATUS(status), 0);
+    QCOMPARE(DocumentFixtures::read(path), oldContent);
+    QCOMPARE(QDir(fixtures->path("full")).entryList(QDir::Files | QDir::Hidden), QStringList({"small.txt"}));
+}
+
+void tst_LWDocument::unchangedTextIsWrittenBackAsRead_data()
+{
+    QTest::addColumn<qint64>("encoding");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("afterAppendingX");
+    QTest::newRow("UTF-8 with mark") << qint64(4) << QByteArray("\xEF\xBB\xBFh\xC3\xA9")
+                                     << QByteArray("\xEF\xBB\xBFh\xC3\xA9x");
+    QTest::newRow("UTF-16 big-endian by its mark") << qint64(10) << QByteArray("\xFE\xFF\x00h\x00\xE9", 6)
+                                                   << QByteArray("\xFE\xFF\x00h\x00\xE9\x00x", 8);
+    QTest::newRow("UTF-16 with a lone surrogate and a cut unit")
+        << qint64(0x94000100) << QByteArray("\xFF\xFEh\x00\x00\xD8i\x00!", 9)
+        << QByteArray("\xFF\xFEh\x00\x00\xD8i\x00x\x00", 10);
+    QTest::newRow("UTF-32 past the last code point")
+        << qint64(0x9c000100) << QByteArray("h\x00\x00\x00\x00\x00\x11\x00", 8) << QByteArray();
+}
+
+void tst_LWDocument::unchangedTextIsWrittenBackAsRead()
+{
+    QFETCH(qint64, encoding);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, afterAppendingX);
+    RecordingShell shell;
+    LWDefaults::shared()->setInteger(QStringLiteral("LW_DefaultEncoding"), encoding);
+    const QString path = fixtures->write("form.txt", bytes);
+    LWDocument::Ptr file = fileAt(path);
+    const QString text = file->getContent();
+    QVERIFY(!file->readOnly());
+    QVERIFY(file->saveWithoutState());
+    QCOMPARE(DocumentFixtures::read(path), bytes);
+    if (afterAppendingX.isEmpty())
+        return;
+    file->setContent(text + QLatin1Char('x'));
+    QVERIFY(file->saveWithoutState());
+    QCOMPARE(DocumentFixtures::read(path), afterAppendingX);
 }
 
 QTEST_GUILESS_MAIN(tst_LWDocument)

@@ -195,9 +195,19 @@ void tst_LWDocumentManager::saveGoesThroughTheDialogForUntitled()
     QCOMPARE(shell->calls, QStringList({"save dialog"}));
     QVERIFY(untitled->isUntitled());
 
+    // A file that cannot be written leaves the node where it was.
+    const QString specBefore = untitled->specName();
+    shell->pathAnswer = fixtures->path("missing/saved.py");
+    shell->scriptAnswer = QStringLiteral("{\"content\": \"print(1)\"}");
+    menu.saveAction();
+    QVERIFY(untitled->isUntitled());
+    QCOMPARE(untitled->label(), QStringLiteral("Untitled"));
+    QCOMPARE(untitled->specName(), specBefore);
+    QCOMPARE(shell->alerts.size(), 1);
+    QCOMPARE(shell->calls.filter("recent").size(), 0);
+
     shell->calls.clear();
     shell->pathAnswer = fixtures->path("saved.py");
-    shell->scriptAnswer = QStringLiteral("{\"content\": \"print(1)\"}");
     menu.saveAction();
     QCOMPARE(DocumentFixtures::read(fixtures->path("saved.py")), QByteArray("print(1)"));
     QCOMPARE(untitled->label(), QStringLiteral("saved.py"));

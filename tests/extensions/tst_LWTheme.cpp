@@ -9,6 +9,14 @@ namespace {
 
 const QByteArray blanks(26, ' ');
 
+QStringList warnings;
+
+void recordWarnings(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtWarningMsg)
+        warnings.append(message);
+}
+
 QByteArray expectedModule(const QByteArray &name, const QByteArray &dark, const QByteArray &css)
 {
     return "ace.define(\"ace/theme/" + name + "\", [ \"require\", \"exports\", \"module\", \"ace/lib/dom\" ], function(e, t, n) {"
@@ -63,12 +71,16 @@ void tst_LWTheme::lessThemeIsCompiledAndRewritten()
     QCOMPARE(tree.readData("Data/Html/ace/theme-sample.js"),
              expectedModule("sample", "0", ".ace-sample {  color: #102030;}.ace-sample .ace_keyword {  width: 0.5px;}"));
 
-    // A failed compile still writes a module, holding whatever lessc printed.
+    // A failed compile is logged with the compiler's message and writes nothing.
     tree.writeData("Data/Themes/Broken.lwTheme/info.json", "{\"name\": \"broken\"}");
     tree.writeData("Data/Themes/Broken.lwTheme/style.less", "#broken { color: @missing; ");
+    warnings.clear();
+    const QtMessageHandler previous = qInstallMessageHandler(recordWarnings);
     installedTheme(tree, "Broken.lwTheme");
-    QTRY_VERIFY_WITH_TIMEOUT(tree.existsInData("Data/Html/ace/theme-broken.js"), 20000);
-    QVERIFY(tree.readData("Data/Html/ace/theme-broken.js").startsWith("ace.define(\"ace/theme/broken\""));
+    QTRY_VERIFY_WITH_TIMEOUT(!warnings.filter("lessc could not compile theme \"broken\"").isEmpty(), 20000);
+    qInstallMessageHandler(previous);
+    QVERIFY2(warnings.filter("could not compile").first().contains("missing"), qPrintable(warnings.join('\n')));
+    QVERIFY(!tree.existsInData("Data/Html/ace/theme-broken.js"));
 }
 
 void tst_LWTheme::rewritingOrderAndRawNamePattern()

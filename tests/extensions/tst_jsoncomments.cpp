@@ -21,6 +21,9 @@ private slots:
     void readsEveryEncoding();
     void reportsUndecodableText();
     void answersNoneForEmptyOrBrokenText();
+    void followsTheStandardGrammar_data();
+    void followsTheStandardGrammar();
+    void survivesDeepNesting();
     void readsFilesAndURLs();
     void writesSortedKeys();
 };
@@ -164,6 +167,53 @@ void TestJSONComments::answersNoneForEmptyOrBrokenText()
     QCOMPARE(JSONComments::JSONObjectWithCommentedString(" 42 ").toInt(), 42);
     const QVariant null = JSONComments::JSONObjectWithCommentedString("null");
     QVERIFY(null.isValid() && null.isNull());
+}
+
+void TestJSONComments::followsTheStandardGrammar_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<bool>("valid");
+    QTest::newRow("numbers") << QByteArray("[0, -0.5e+10, 1E3, 2.25, -7]") << true;
+    QTest::newRow("escapes") << QByteArray(R"(["\"\\\/\b\f\n\r\t\u00E9\ud83d\ude00"])") << true;
+    QTest::newRow("UTF-8 text") << QByteArray("{\"k\": \"\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80\"}") << true;
+    QTest::newRow("nested") << QByteArray(R"({"a": [[], {}, {"b": [true, false, null]}]})") << true;
+    QTest::newRow("point without fraction") << QByteArray("[2.]") << false;
+    QTest::newRow("point without integer") << QByteArray("[.2e-3]") << false;
+    QTest::newRow("negative without fraction") << QByteArray("-2.") << false;
+    QTest::newRow("leading zero") << QByteArray("[01]") << false;
+    QTest::newRow("empty exponent") << QByteArray("[1e+]") << false;
+    QTest::newRow("plus sign") << QByteArray("+1") << false;
+    QTest::newRow("hex escape") << QByteArray(R"(["\x41"])") << false;
+    QTest::newRow("short unicode escape") << QByteArray(R"(["\u12"])") << false;
+    QTest::newRow("byte after backslash") << QByteArray("[\"\\\xff\"]") << false;
+    QTest::newRow("invalid UTF-8 after an escape") << QByteArray("[\"\\n\xff\"]") << false;
+    QTest::newRow("overlong UTF-8") << QByteArray("[\"\xc0\xaf\"]") << false;
+    QTest::newRow("encoded surrogate") << QByteArray("[\"\xed\xa0\x80\"]") << false;
+    QTest::newRow("cut UTF-8") << QByteArray("[\"\xe2\x82\"]") << false;
+    QTest::newRow("tab in a string") << QByteArray("[\"a\tb\"]") << false;
+    QTest::newRow("trailing comma") << QByteArray("[1,]") << false;
+    QTest::newRow("member without value") << QByteArray(R"({"a":})") << false;
+    QTest::newRow("bare word") << QByteArray("[tru]") << false;
+}
+
+void TestJSONComments::followsTheStandardGrammar()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(bool, valid);
+    LWJSONError error;
+    const QVariant value = JSONComments::JSONObjectWithCommentedData(text, 0, &error);
+    QCOMPARE(value.isValid(), valid);
+    QCOMPARE(error.code, valid ? 0 : 3840);
+}
+
+void TestJSONComments::survivesDeepNesting()
+{
+    LWJSONError error;
+    const QByteArray unclosed(1 << 20, '[');
+    QVERIFY(!JSONComments::JSONObjectWithCommentedData(unclosed, 0, &error).isValid());
+    QCOMPARE(error.code, 3840);
+    const QByteArray closed = QByteArray(200, '[') + QByteArray(200, ']');
+    QVERIFY(JSONComments::JSONObjectWithCommentedData(closed).isValid());
 }
 
 void TestJSONComments::readsFilesAndURLs()

@@ -10,12 +10,22 @@
 
 escapeHTML = (text) ->
   text.replace(/&/g, "&amp;").replace(/</g, "&lt;").replace(/>/g, "&gt;")
+    .replace(/"/g, "&quot;").replace(/'/g, "&#39;")
 
+# Link and image targets may be web, mail or relative addresses only; any
+# other scheme (javascript:, data:, file:) or a control character, which the
+# browser would strip before reading the scheme, turns the target into "#".
+safeTarget = (target) ->
+  return "#" if /[\x00-\x20\x7f]/.test(target)
+  return target unless /^[a-z][a-z0-9+.-]*:/i.test(target)
+  if /^(https?|mailto):/i.test(target) then target else "#"
+
+# Works on escaped text, so what it inserts into attributes holds no quote.
 inline = (text) ->
   escapeHTML(text)
     .replace(/`([^`]+)`/g, "<code>$1</code>")
-    .replace(/!\[([^\]]*)\]\(([^)\s]+)\)/g, '<img alt="$1" src="$2">')
-    .replace(/\[([^\]]+)\]\(([^)\s]+)\)/g, '<a href="$2">$1</a>')
+    .replace(/!\[([^\]]*)\]\(([^)\s]+)\)/g, (all, alt, src) -> "<img alt=\"#{alt}\" src=\"#{safeTarget src}\">")
+    .replace(/\[([^\]]+)\]\(([^)\s]+)\)/g, (all, label, href) -> "<a href=\"#{safeTarget href}\">#{label}</a>")
     .replace(/(\*\*|__)(.+?)\1/g, "<strong>$2</strong>")
     .replace(/(\*|_)(.+?)\1/g, "<em>$2</em>")
 
@@ -62,5 +72,7 @@ render = (markdown) ->
 
 file = plugin.document.path()
 folder = file.substring 0, file.lastIndexOf("/") + 1
+# The preview runs no script at all, whatever the document holds.
+policy = "<meta http-equiv=\"Content-Security-Policy\" content=\"script-src 'none'; object-src 'none'\">"
 style = "<style>body{font-family:sans-serif;line-height:1.5;padding:0 1em}pre{background:#f4f4f4;padding:.5em}</style>"
-plugin.utility.show style + render(plugin.editor.text()), "Markdown Preview", folder
+plugin.utility.show policy + style + render(plugin.editor.text()), "Markdown Preview", folder

@@ -1,5 +1,7 @@
 #include "app/ui/DocumentTabs.h"
 
+#include <algorithm>
+
 DocumentTabs::DocumentTabs(QWidget *parent) : QTabBar(parent)
 {
     setDocumentMode(true);
@@ -21,13 +23,12 @@ void DocumentTabs::addDocument(const LWDocument::Ptr &document)
     setCurrentIndex(addTab(document->label()));
 }
 
-void DocumentTabs::showInCurrentTab(const LWDocument::Ptr &document)
+void DocumentTabs::showDocument(const LWDocument::Ptr &document)
 {
-    const int index = currentIndex();
-    if (index < 0 || index >= static_cast<int>(documents.size())) {
+    const auto shown = std::find_if(documents.begin(), documents.end(),
+                                    [&](const std::weak_ptr<LWDocument> &tab) { return tab.lock() == document; });
+    if (shown == documents.end())
         addDocument(document);
-        return;
-    }
-    documents[index] = document;
-    setTabText(index, document->label());
+    else
+        setCurrentIndex(static_cast<int>(shown - documents.begin()));
 }

@@ -17,8 +17,9 @@ public:
 
     // Adds a tab for the node and makes it the current one.
     void addDocument(const LWDocument::Ptr &document);
-    // Shows the node in the current tab instead of its node (a new tab when there is none).
-    void showInCurrentTab(const LWDocument::Ptr &document);
+    // Selects the node's tab, adding one when the node has none, so no
+    // other document's tab is ever taken over.
+    void showDocument(const LWDocument::Ptr &document);
 
 signals:
     void documentChosen(const LWDocument::Ptr &document);

@@ -79,7 +79,10 @@ void LWAppDelegate::buildWindow()
             [this] { pluginsController->executePluginAction(); });
     connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::openFromOutline);
     connect(mainWindow.get(), &LWMainWindow::closeRequested, this, &LWAppDelegate::windowCloseRequested);
-    connect(mainWindow->tabs(), &DocumentTabs::documentChosen, this, &LWAppDelegate::switchTo);
+    connect(mainWindow->tabs(), &DocumentTabs::documentChosen, this, [this](const LWDocument::Ptr &document) {
+        switchTo(document);
+        editorPage->view()->setFocus();
+    });
 }
 
 // The editor page has loaded: the first time, build the workspace (the
@@ -98,6 +101,8 @@ void LWAppDelegate::postProcess()
         qWarning("Start-up could not build the workspace: %s", error.what());
     }
     StoredEditorSettings::apply(*viewMenu, *findMenu);
+    // Typing goes into the document from the start.
+    editorPage->view()->setFocus();
     emit editorReady();
 }
 
@@ -128,5 +133,5 @@ void LWAppDelegate::switchTo(const std::shared_ptr<LWDocument> &document)
 void LWAppDelegate::openFromOutline(const std::shared_ptr<LWDocument> &document)
 {
     switchTo(document);
-    mainWindow->tabs()->showInCurrentTab(document);
+    mainWindow->tabs()->showDocument(document);
 }

@@ -110,7 +110,7 @@ private:
     void buildWorkspace();
     QStringList startupPaths() const;
     void switchTo(const std::shared_ptr<LWDocument> &document);
-    // A file chosen in the outline replaces the current tab's document.
+    // A file chosen in the outline is shown in its own tab.
     void openFromOutline(const std::shared_ptr<LWDocument> &document);
     // The window's close button quits as "LW_DoOnQuit" says (2 and up: it does nothing).
     void windowCloseRequested();

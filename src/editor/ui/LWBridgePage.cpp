@@ -1,14 +1,14 @@
 #include "editor/ui/LWBridgePage.h"
 
-#include "app/LWPaths.h"
 #include "editor/PageCall.h"
+#include "editor/TrustedPages.h"
+#include "editor/ui/PageFile.h"
 
-#include <QDir>
 #include <QEventLoop>
 #include <QFile>
-#include <QFileInfo>
 #include <QTimer>
 #include <QWebEngineHttpRequest>
+#include <QWebEngineLoadingInfo>
 #include <QWebChannel>
 #include <QWebEngineScript>
 #include <QWebEngineScriptCollection>
@@ -18,7 +18,6 @@
 namespace {
 
 constexpr int evaluationTimeoutMilliseconds = 60000;
-constexpr int unloadTimeoutMilliseconds = 10000;
 // The engine loads HTML strings as encoded data URLs, which it caps at 2 MB.
 constexpr qsizetype htmlStringLimit = 2 * 1024 * 1024;
 
@@ -38,10 +37,9 @@ QWebEngineScript channelClientScript()
     return script;
 }
 
-bool isInside(const QString &path, const QString &folder)
+const QUrl blankPage()
 {
-    const QString root = QDir::cleanPath(folder) + QLatin1Char('/');
-    return path.startsWith(root);
+    return QUrl(QStringLiteral("about:blank"));
 }
 
 }
@@ -55,31 +53,67 @@ LWBridgePage::LWBridgePage(QObject *backend, QObject *parent)
         if (!unloading)
             emit contentLoaded(ok);
     });
+    connect(this, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo &info) {
+        // Only the blank page's own end counts: the document it replaces may
+        // still report its load ending meanwhile. The trusted load starts
+        // from the event loop, after every signal of this load has gone out.
+        if (!unloading || info.url() != blankPage() || info.status() == QWebEngineLoadingInfo::LoadStartedStatus)
+            return;
+        const bool cleared = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
+        QMetaObject::invokeMethod(this, [this, cleared] { finishUnloading(cleared); }, Qt::QueuedConnection);
+    });
 }
 
-bool LWBridgePage::isTrustedFile(const QUrl &url)
+void LWBridgePage::loadShellPage(const QString &path)
 {
-    if (!url.isLocalFile())
-        return false;
-    const QString path = QFileInfo(url.toLocalFile()).absoluteFilePath();
-    const QString canonical = QFileInfo(path).canonicalFilePath();
-    const QString checked = canonical.isEmpty() ? QDir::cleanPath(path) : canonical;
-    for (const QString &root : {LWPaths::resourceFolder(), LWPaths::dataRoot()}) {
-        const QString canonicalRoot = QFileInfo(root).canonicalFilePath();
-        if (isInside(checked, canonicalRoot.isEmpty() ? root : canonicalRoot))
-            return true;
+    const QUrl address = QUrl::fromLocalFile(path);
+    const QString html = PageFile::text(path);
+    if (!TrustedPages::isTrustedFile(address)) {
+        qWarning("The page %s lies outside the program's own files; it loads without the native bridge",
+                 qPrintable(path));
+        loadDocumentHTML(html, address);
+        return;
     }
-    return false;
+    loadTrusted([this, html, address, path] {
+        startProgramLoad(true);
+        shownShellPage = path;
+        setHTML(html, address);
+    });
 }
 
-void LWBridgePage::loadShellHTML(const QString &html, const QUrl &baseUrl)
+void LWBridgePage::loadDocumentHTML(const QString &html, const QUrl &baseUrl)
 {
-    const bool trusted = baseUrl.isEmpty() || isTrustedFile(baseUrl);
-    if (trusted)
-        unloadUntrustedDocument();
-    shellLoadPending = true;
-    shellLoadTrusted = trusted;
+    startProgramLoad(false);
+    setHTML(html, baseUrl);
+}
+
+void LWBridgePage::loadShellRequest(const QWebEngineHttpRequest &request)
+{
+    if (!TrustedPages::isTrustedFile(request.url())) {
+        startProgramLoad(false);
+        load(request);
+        return;
+    }
+    loadTrusted([this, request] {
+        startProgramLoad(true);
+        load(request);
+    });
+}
+
+void LWBridgePage::startProgramLoad(bool trusted)
+{
+    if (!trusted) {
+        // A later untrusted load replaces any trusted one still waiting.
+        unloading = false;
+        queuedTrustedLoad = nullptr;
+    }
+    shownShellPage.clear();
+    programLoadPending = true;
     attachBridge(trusted);
+}
+
+void LWBridgePage::setHTML(const QString &html, const QUrl &baseUrl)
+{
     const QByteArray bytes = html.toUtf8();
     if (bytes.size() > htmlStringLimit)
         qWarning("HTML of %lld bytes is too large to load as a string (the engine takes about %lld); "
@@ -88,14 +122,33 @@ void LWBridgePage::loadShellHTML(const QString &html, const QUrl &baseUrl)
     setContent(bytes, QStringLiteral("text/html;charset=UTF-8"), baseUrl);
 }
 
-void LWBridgePage::loadShellRequest(const QWebEngineHttpRequest &request)
+void LWBridgePage::loadTrusted(const std::function<void()> &load)
 {
-    const bool trusted = isTrustedFile(request.url());
-    if (trusted)
-        unloadUntrustedDocument();
-    shellLoadPending = false;
-    attachBridge(trusted);
-    load(request);
+    // A trusted document, or none yet, may see the bridge before the load.
+    if (isBridgeAttached() || url().isEmpty()) {
+        load();
+        return;
+    }
+    if (!unloading) {
+        startProgramLoad(false);
+        unloading = true;
+        setUrl(blankPage());
+    }
+    queuedTrustedLoad = load;
+}
+
+void LWBridgePage::finishUnloading(bool cleared)
+{
+    if (!unloading)  // a later untrusted load has taken over
+        return;
+    unloading = false;
+    const std::function<void()> load = std::exchange(queuedTrustedLoad, nullptr);
+    if (!cleared) {
+        qWarning("The page could not be cleared before a trusted load; that load is dropped");
+        emit contentLoaded(false);
+        return;
+    }
+    load();
 }
 
 bool LWBridgePage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame)
@@ -103,33 +156,31 @@ bool LWBridgePage::acceptNavigationRequest(const QUrl &url, NavigationType type,
     // Only a main frame gets the channel's transport, so frames load freely.
     if (!isMainFrame)
         return true;
-    const bool fromShell = shellLoadPending && type == NavigationTypeTyped;
-    shellLoadPending = false;
-    const bool trusted = fromShell ? shellLoadTrusted : isTrustedFile(url);
+    // The program's own load has set the bridge up already.
+    if (std::exchange(programLoadPending, false) && type == NavigationTypeTyped)
+        return true;
+    shownShellPage.clear();
+    const bool trusted = TrustedPages::isTrustedFile(url);
+    if (trusted && !isBridgeAttached()) {
+        qWarning("A page without the native bridge may not open %s; navigation refused",
+                 qPrintable(url.toDisplayString().left(200)));
+        return false;
+    }
     if (!trusted && isBridgeAttached())
         qInfo("Page at %s runs without the native bridge", qPrintable(url.toDisplayString().left(200)));
     attachBridge(trusted);
     return true;
 }
 
-void LWBridgePage::unloadUntrustedDocument()
-{
-    if (isBridgeAttached() || url().isEmpty() || url().scheme() == QLatin1String("about"))
-        return;
-    QEventLoop loop;
-    connect(this, &QWebEnginePage::loadFinished, &loop, &QEventLoop::quit);
-    QTimer::singleShot(unloadTimeoutMilliseconds, &loop, &QEventLoop::quit);
-    unloading = true;
-    shellLoadPending = false;
-    setUrl(QUrl(QStringLiteral("about:blank")));
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-    unloading = false;
-}
-
 void LWBridgePage::attachBridge(bool attach)
 {
     if (attach != isBridgeAttached())
         setWebChannel(attach ? bridge : nullptr);
+}
+
+bool LWBridgePage::showsShellPage(const QString &path) const
+{
+    return isBridgeAttached() && !shownShellPage.isEmpty() && shownShellPage == path;
 }
 
 bool LWBridgePage::isBridgeAttached() const

@@ -10,13 +10,13 @@ class QWebChannel;
 class QWebEngineHttpRequest;
 
 // A page that may reach the native backend published as "core". The channel
-// is attached only while the page shows local content the program trusts: a
-// file under the resource folder or the data root, or an HTML string the
-// program itself loads with no base or a trusted one. Any other navigation
-// (http, https, a page-made data: URL, a file elsewhere) detaches it first,
-// so such a page cannot call into the backend. Attaching the channel reaches
-// the document on screen too, so an untrusted document is unloaded before
-// trusted content replaces it.
+// is attached only while the page shows one of the program's own pages: a
+// shell page file, or a trusted file (see TrustedPages) the program or an
+// already trusted page asked for. HTML taken from documents or plugins,
+// remote addresses and files elsewhere load without it, and a page without
+// it may not open a trusted file. Attaching the channel reaches the document
+// on screen too, so a trusted load that replaces an untrusted document first
+// loads a blank page and starts only once that has finished; nothing waits.
 class LWBridgePage : public QWebEnginePage
 {
     Q_OBJECT
@@ -25,10 +25,16 @@ public:
     // Publishes backend as "core" through a channel of the page's own.
     LWBridgePage(QObject *backend, QObject *parent = nullptr);
 
-    // Loads an HTML string the program produced; baseUrl may be empty.
-    void loadShellHTML(const QString &html, const QUrl &baseUrl);
+    // Loads one of the program's own page files: its text as UTF-8 with the
+    // file's address as base, with the bridge when the file is trusted.
+    void loadShellPage(const QString &path);
 
-    // Loads a file or remote address the program asked for.
+    // Loads HTML that came from a document or a plugin, never with the
+    // bridge; baseUrl may be empty.
+    void loadDocumentHTML(const QString &html, const QUrl &baseUrl);
+
+    // Loads a file or remote address the program asked for; only a trusted
+    // file gets the bridge.
     void loadShellRequest(const QWebEngineHttpRequest &request);
 
     // Runs script after every script sent before it, without waiting.
@@ -46,8 +52,8 @@ public:
     // Whether the current page can reach "core".
     bool isBridgeAttached() const;
 
-    // Local files under the resource folder or the data root.
-    static bool isTrustedFile(const QUrl &url);
+    // Whether the page shows the shell page file at path with the bridge.
+    bool showsShellPage(const QString &path) const;
 
 signals:
     // A load the program asked for (or the page made) has finished; the
@@ -59,10 +65,15 @@ protected:
 
 private:
     void attachBridge(bool attach);
-    void unloadUntrustedDocument();
+    // Runs load with the bridge attached, after blanking an untrusted page.
+    void loadTrusted(const std::function<void()> &load);
+    void finishUnloading(bool cleared);
+    void setHTML(const QString &html, const QUrl &baseUrl);
+    void startProgramLoad(bool trusted);
 
     QWebChannel *bridge;
-    bool shellLoadPending = false;
-    bool shellLoadTrusted = false;
+    bool programLoadPending = false;
     bool unloading = false;
+    std::function<void()> queuedTrustedLoad;
+    QString shownShellPage;
 };

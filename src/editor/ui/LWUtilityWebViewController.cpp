@@ -57,7 +57,7 @@ QString LWUtilityWebViewController::evaluate(const QString &script)
 void LWUtilityWebViewController::loadHTML(const QString &html)
 {
     mode.clear();
-    bridgePage->loadShellHTML(html, QUrl());
+    bridgePage->loadDocumentHTML(html, QUrl());
 }
 
 void LWUtilityWebViewController::loadHTML(const QString &html, const QString &basePath)
@@ -66,7 +66,7 @@ void LWUtilityWebViewController::loadHTML(const QString &html, const QString &ba
     qInfo("Loading URL: %s", qPrintable(base.toString()));
     qInfo("PATH: %s", qPrintable(base.isLocalFile() ? base.toLocalFile() : base.toString()));
     mode.clear();
-    bridgePage->loadShellHTML(html, base);
+    bridgePage->loadDocumentHTML(html, base);
 }
 
 void LWUtilityWebViewController::loadHTMLFile(const QString &pathOrURL, const QVariantList &cookies)
@@ -85,7 +85,12 @@ void LWUtilityWebViewController::loadEditorHTML(const QString &editorText, const
 {
     content = editorText;
     mode = editorModeName;
-    // Asked without waiting: this may run inside a page's call.
+    // Only the program's own utility page is asked, and without waiting:
+    // this may run inside a page's call.
+    if (!showsEditorPage()) {
+        bridgePage->loadShellPage(PageFile::utilityPagePath());
+        return;
+    }
     const QPointer<LWUtilityWebViewController> self(this);
     bridgePage->evaluate(QStringLiteral("lw.getMode();"), [self, editorModeName](const QString &shown) {
         if (self && self->mode == editorModeName)  // else a later load has taken over
@@ -93,14 +98,17 @@ void LWUtilityWebViewController::loadEditorHTML(const QString &editorText, const
     });
 }
 
+bool LWUtilityWebViewController::showsEditorPage() const
+{
+    return bridgePage->showsShellPage(PageFile::utilityPagePath());
+}
+
 void LWUtilityWebViewController::showEditor(const QString &shownMode)
 {
-    if (shownMode == mode) {
+    if (shownMode == mode && showsEditorPage())
         bridgePage->send(QStringLiteral("lw.setState(%1);").arg(editorState()));
-        return;
-    }
-    const QString path = PageFile::utilityPagePath();
-    bridgePage->loadShellHTML(PageFile::text(path), QUrl::fromLocalFile(path));
+    else
+        bridgePage->loadShellPage(PageFile::utilityPagePath());
 }
 
 QString LWUtilityWebViewController::editorState() const
@@ -118,7 +126,7 @@ void LWUtilityWebViewController::finishLoad()
         shell->setStatusMessage(QString());
         shell->setStatusSpinnerRunning(false);
     }
-    if (!mode.isEmpty())
+    if (!mode.isEmpty() && showsEditorPage())
         applyEditorLook();
     emit pageLoaded();
 }

@@ -9,8 +9,10 @@ class QWebEngineView;
 class QWidget;
 
 // The utility page in the lower pane: plugin HTML, files and addresses, and a
-// read-only second editor. Every load other than loadEditorHTML() clears
-// editorMode, so a later finished load leaves the page alone.
+// read-only second editor. HTML strings handed in are taken as derived from
+// documents and load without the native bridge; document text goes only to
+// the program's own utility page. Every load other than loadEditorHTML()
+// clears editorMode, so a later finished load leaves the page alone.
 class LWUtilityWebViewController : public QObject
 {
     Q_OBJECT
@@ -42,6 +44,9 @@ signals:
 
 private:
     void finishLoad();
+    // Whether the page is the program's own utility page with the bridge:
+    // the only page that is sent document text.
+    bool showsEditorPage() const;
     // Puts the editor state into the page when it already shows shownMode,
     // else loads the utility editor page first.
     void showEditor(const QString &shownMode);

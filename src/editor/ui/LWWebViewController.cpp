@@ -2,9 +2,7 @@
 
 #include "app/LWPaths.h"
 #include "editor/ui/LWBridgePage.h"
-#include "editor/ui/PageFile.h"
 
-#include <QUrl>
 #include <QWebEngineView>
 
 LWWebViewController::LWWebViewController(QObject *backend, QWidget *viewParent)
@@ -19,8 +17,7 @@ LWWebViewController::LWWebViewController(QObject *backend, QWidget *viewParent)
 
 void LWWebViewController::loadEditorPage()
 {
-    const QString path = LWPaths::dataPath(QStringLiteral("Data/Html/index.html"));
-    bridgePage->loadShellHTML(PageFile::text(path), QUrl::fromLocalFile(path));
+    bridgePage->loadShellPage(LWPaths::dataPath(QStringLiteral("Data/Html/index.html")));
 }
 
 void LWWebViewController::send(const QString &script)

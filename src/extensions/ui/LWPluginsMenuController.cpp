@@ -25,7 +25,7 @@ void LWPluginsMenuController::executePluginAction(QAction *sender)
 bool LWPluginsMenuController::validateMenuItem(QAction *item) const
 {
     const auto *plugin = qobject_cast<LWPlugin *>(item->data().value<QObject *>());
-    return !(plugin && LWEnvironment::isSandboxed() && plugin->needsNoSandbox());
+    return !(plugin && LWPaths::isSandboxed() && plugin->needsNoSandbox());
 }
 
 QString LWPluginsMenuController::chooseBundle(const QString &type) const

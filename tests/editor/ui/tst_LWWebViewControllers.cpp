@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QWebEngineSettings>
 #include <QWidget>
 #include <QtTest>
 
@@ -64,13 +65,30 @@ QByteArray probingPage(const QString &from)
         .toUtf8();
 }
 
-void writeDataFile(const QString &relative, const QByteArray &bytes)
+// Writes bytes to a file under the data root and answers its full path.
+QString writeDataFile(const QString &relative, const QByteArray &bytes)
 {
     const QString path = LWPaths::dataPath(relative);
     QDir().mkpath(QFileInfo(path).absolutePath());
     QFile file(path);
     file.open(QIODevice::WriteOnly);
     file.write(bytes);
+    return path;
+}
+
+// A page of the program's own: a probing page in the data root's Data tree.
+QString trustedProbingPage(const QString &from)
+{
+    return writeDataFile(QStringLiteral("Data/Html/%1.html").arg(from), probingPage(from));
+}
+
+// Writes a probing page to a folder outside the program's files.
+QString outsideProbingPage(const QTemporaryDir &folder, const QString &from)
+{
+    QFile page(folder.filePath(from + QStringLiteral(".html")));
+    page.open(QIODevice::WriteOnly);
+    page.write(probingPage(from));
+    return page.fileName();
 }
 
 }
@@ -85,12 +103,15 @@ private slots:
     void init();
     void cleanup();
     void mainPageLoadsFromTheDataRootWithTheBridge();
-    void shellHTMLReachesCoreButRemotePagesDoNot();
+    void onlyTheProgramsOwnFilesReachCore();
+    void sandboxTrustsOnlyTheDataTree();
     void pageNavigatingAwayLosesTheBridge();
+    void untrustedPageCannotOpenATrustedOne();
     void remoteFrameInsideABridgedPageCannotReachCore();
     void remotePageBeingReplacedCannotCatchTheBridge();
     void cookiesBecomeTheRequestHeader();
     void utilityEditorReusesALoadedMode();
+    void remotePageAnsweringTheModeQueryGetsNoText();
 
 private:
     QString loadUtility(const std::function<void()> &load);
@@ -139,78 +160,128 @@ void TestWebViewControllers::mainPageLoadsFromTheDataRootWithTheBridge()
     QCOMPARE(main->evaluate(QStringLiteral("throw new Error('x')")), QString());
 }
 
-void TestWebViewControllers::shellHTMLReachesCoreButRemotePagesDoNot()
+void TestWebViewControllers::onlyTheProgramsOwnFilesReachCore()
 {
-    QCOMPARE(loadUtility([&] { utility->loadHTML(QString::fromUtf8(probingPage(QStringLiteral("string")))); }),
+    QCOMPARE(loadUtility([&] { utility->loadHTMLFile(trustedProbingPage(QStringLiteral("plugin"))); }),
              QStringLiteral("yes"));
-    QTRY_COMPARE(probe.hits, QStringList{QStringLiteral("string")});
+    QTRY_COMPARE(probe.hits, QStringList{QStringLiteral("plugin")});
 
-    writeDataFile(QStringLiteral("Data/Html/plugin.html"), probingPage(QStringLiteral("data root")));
-    QCOMPARE(loadUtility([&] { utility->loadHTMLFile(LWPaths::dataPath(QStringLiteral("Data/Html/plugin.html"))); }),
-             QStringLiteral("yes"));
-    QTRY_COMPARE(probe.hits.size(), 2);
+    // A document's HTML: with no base, untitled (the base is the utility
+    // page), or with a base inside the data tree.
+    const QString documentHTML = QString::fromUtf8(probingPage(QStringLiteral("document")));
+    QCOMPARE(loadUtility([&] { utility->loadHTML(documentHTML); }), QStringLiteral("no"));
+    QCOMPARE(loadUtility([&] { utility->loadHTML(documentHTML, QString()); }), QStringLiteral("no"));
+    QCOMPARE(loadUtility([&] { utility->loadHTML(documentHTML, LWPaths::dataPath(QStringLiteral("Data/"))); }),
+             QStringLiteral("no"));
 
     PageServer server(probingPage(QStringLiteral("remote")));
     QCOMPARE(loadUtility([&] { utility->loadHTMLFile(server.url()); }), QStringLiteral("no"));
-    QCOMPARE(loadUtility([&] {
-                 utility->loadHTML(QString::fromUtf8(probingPage(QStringLiteral("remote base"))), server.url());
-             }),
-             QStringLiteral("no"));
+    QCOMPARE(loadUtility([&] { utility->loadHTML(documentHTML, server.url()); }), QStringLiteral("no"));
     QTemporaryDir elsewhere;
-    QFile outside(elsewhere.filePath(QStringLiteral("page.html")));
-    QVERIFY(outside.open(QIODevice::WriteOnly));
-    outside.write(probingPage(QStringLiteral("outside")));
-    outside.close();
-    QCOMPARE(loadUtility([&] { utility->loadHTMLFile(outside.fileName()); }), QStringLiteral("no"));
+    const QString outside = outsideProbingPage(elsewhere, QStringLiteral("outside"));
+    QCOMPARE(loadUtility([&] { utility->loadHTMLFile(outside); }), QStringLiteral("no"));
+    // What pages write through getTempFile is theirs, not the program's.
+    const QString temporary = writeDataFile(QStringLiteral("Data/Temp/1.html"), probingPage(QStringLiteral("temp")));
+    QCOMPARE(loadUtility([&] { utility->loadHTMLFile(temporary); }), QStringLiteral("no"));
     QCOMPARE(utility->evaluate(QStringLiteral("typeof core")), QStringLiteral("undefined"));
     QTest::qWait(300);
-    QCOMPARE(probe.hits.size(), 2);
+    QCOMPARE(probe.hits, QStringList{QStringLiteral("plugin")});
+}
+
+void TestWebViewControllers::sandboxTrustsOnlyTheDataTree()
+{
+    qputenv("APP_SANDBOX_CONTAINER_ID", "test");
+    const auto unsandbox = qScopeGuard([] { qunsetenv("APP_SANDBOX_CONTAINER_ID"); });
+    QCOMPARE(LWPaths::dataRoot(), QDir::homePath());
+    QDir().mkpath(QDir::homePath());
+    QFile inHome(QDir::home().filePath(QStringLiteral("page.html")));
+    QVERIFY(inHome.open(QIODevice::WriteOnly));
+    inHome.write(probingPage(QStringLiteral("home")));
+    inHome.close();
+    QCOMPARE(loadUtility([&] { utility->loadHTMLFile(inHome.fileName()); }), QStringLiteral("no"));
+    QCOMPARE(loadUtility([&] { utility->loadHTMLFile(trustedProbingPage(QStringLiteral("sandboxed"))); }),
+             QStringLiteral("yes"));
+    QTRY_COMPARE(probe.hits, QStringList{QStringLiteral("sandboxed")});
 }
 
 void TestWebViewControllers::pageNavigatingAwayLosesTheBridge()
 {
-    PageServer server(probingPage(QStringLiteral("remote")));
-    QCOMPARE(loadUtility([&] { utility->loadHTML(QString::fromUtf8(probingPage(QStringLiteral("string")))); }),
+    QTemporaryDir elsewhere;
+    const QUrl outside = QUrl::fromLocalFile(outsideProbingPage(elsewhere, QStringLiteral("outside")));
+    QCOMPARE(loadUtility([&] { utility->loadHTMLFile(trustedProbingPage(QStringLiteral("plugin"))); }),
              QStringLiteral("yes"));
-    QCOMPARE(loadUtility([&] { utility->evaluate(QStringLiteral("location.href = '%1'; ''").arg(server.url())); }),
+    QCOMPARE(loadUtility([&] { utility->evaluate(QStringLiteral("location.href = '%1'; ''").arg(outside.toString())); }),
              QStringLiteral("no"));
-    QCOMPARE(utility->evaluate(QStringLiteral("location.protocol")), QStringLiteral("http:"));
     QVERIFY(!utility->page()->isBridgeAttached());
     QTest::qWait(300);
-    QCOMPARE(probe.hits, QStringList{QStringLiteral("string")});
+    QCOMPARE(probe.hits, QStringList{QStringLiteral("plugin")});
+}
+
+void TestWebViewControllers::untrustedPageCannotOpenATrustedOne()
+{
+    // A previewed file keeps looking for the transport while it sends itself
+    // to one of the program's pages.
+    const QUrl trusted = QUrl::fromLocalFile(trustedProbingPage(QStringLiteral("plugin")));
+    QTemporaryDir elsewhere;
+    QFile preview(elsewhere.filePath(QStringLiteral("preview.html")));
+    QVERIFY(preview.open(QIODevice::WriteOnly));
+    preview.write(QStringLiteral("<html><body><script>setInterval(function () {"
+                                 "if (typeof qt !== 'undefined' && qt.webChannelTransport && !window.caught) {"
+                                 "window.caught = true; new QWebChannel(qt.webChannelTransport, "
+                                 "function (c) { c.objects.core.hit('caught'); }); } }, 1);"
+                                 "setTimeout(function () { location.href = '%1'; }, 50);</script></body></html>")
+                      .arg(trusted.toString())
+                      .toUtf8());
+    preview.close();
+    loadUtility([&] { utility->loadHTMLFile(preview.fileName()); });
+    QTest::qWait(1000);
+    QVERIFY(probe.hits.isEmpty());
+    QVERIFY(!utility->page()->isBridgeAttached());
+    QCOMPARE(utility->evaluate(QStringLiteral("location.href")), QUrl::fromLocalFile(preview.fileName()).toString());
 }
 
 void TestWebViewControllers::remoteFrameInsideABridgedPageCannotReachCore()
 {
+    // The program's pages are local files, which the engine keeps from remote
+    // content unless told otherwise; this case is about one that is allowed.
+    utility->page()->settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, true);
     // The frame tells its parent whether it found the transport.
     PageServer server(probingPage(QStringLiteral("frame")).replace(
         "</script>", "parent.postMessage(window.transport, '*');</script>"));
-    const QString html = QString::fromUtf8(probingPage(QStringLiteral("string")))
-                             .replace(QStringLiteral("</body>"),
-                                      QStringLiteral("<script>addEventListener('message', function (e) "
-                                                     "{ window.frameSaid = e.data; });</script>"
-                                                     "<iframe src='%1'></iframe></body>")
-                                          .arg(server.url()));
-    QCOMPARE(loadUtility([&] { utility->loadHTML(html); }), QStringLiteral("yes"));
+    const QByteArray html = probingPage(QStringLiteral("plugin"))
+                                .replace("</body>", QStringLiteral("<script>addEventListener('message', function (e) "
+                                                                   "{ window.frameSaid = e.data; });</script>"
+                                                                   "<iframe src='%1'></iframe></body>")
+                                                        .arg(server.url())
+                                                        .toUtf8());
+    const QString page = writeDataFile(QStringLiteral("Data/Html/framing.html"), html);
+    QCOMPARE(loadUtility([&] { utility->loadHTMLFile(page); }), QStringLiteral("yes"));
     QTRY_COMPARE(utility->evaluate(QStringLiteral("window.frameSaid")), QStringLiteral("no"));
     QTest::qWait(300);
-    QCOMPARE(probe.hits, QStringList{QStringLiteral("string")});
+    QCOMPARE(probe.hits, QStringList{QStringLiteral("plugin")});
 }
 
 void TestWebViewControllers::remotePageBeingReplacedCannotCatchTheBridge()
 {
     // The remote page keeps looking for the transport while the program
-    // replaces it with trusted content.
+    // replaces it with trusted content, which it does without waiting.
     PageServer server("<html><body><script>setInterval(function () {"
                       "if (typeof qt !== 'undefined' && qt.webChannelTransport && !window.caught) {"
                       "window.caught = true; new QWebChannel(qt.webChannelTransport, "
                       "function (c) { c.objects.core.hit('caught'); }); } }, 1);</script></body></html>");
+    const QString trusted = trustedProbingPage(QStringLiteral("plugin"));
     for (int round = 0; round < 5; ++round) {
         QCOMPARE(loadUtility([&] { utility->loadHTMLFile(server.url()); }), QString());
-        loadUtility([&] { utility->loadHTML(QString::fromUtf8(probingPage(QStringLiteral("string")))); });
+        bool eventLoopRan = false;
+        QTimer::singleShot(0, this, [&] { eventLoopRan = true; });
+        QCOMPARE(loadUtility([&] {
+                     utility->loadHTMLFile(trusted);
+                     QVERIFY(!eventLoopRan);
+                 }),
+                 QStringLiteral("yes"));
     }
     QTest::qWait(300);
-    QCOMPARE(probe.hits, QStringList(5, QStringLiteral("string")));
+    QCOMPARE(probe.hits, QStringList(5, QStringLiteral("plugin")));
 }
 
 void TestWebViewControllers::cookiesBecomeTheRequestHeader()
@@ -227,9 +298,9 @@ void TestWebViewControllers::cookiesBecomeTheRequestHeader()
     QVERIFY(utility->editorMode().isEmpty());
 }
 
-void TestWebViewControllers::utilityEditorReusesALoadedMode()
+// A stand-in utility page that records the editor calls it receives.
+void writeRecordingUtilityPage()
 {
-    // A stand-in utility page that records the editor calls it receives.
     writeDataFile(QStringLiteral("Data/Html/uindex.html"),
                   "<html><body><script>window.calls = []; window.loads = (window.loads || 0) + 1;"
                   "var mode = '';"
@@ -239,6 +310,11 @@ void TestWebViewControllers::utilityEditorReusesALoadedMode()
                   " editor: { getSession: function () { return { setUseWorker: function (w) { calls.push('worker ' + w); } }; } } };"
                   "window.$ = function (s) { return { hide: function () { calls.push('hide ' + s); } }; };"
                   "</script></body></html>");
+}
+
+void TestWebViewControllers::utilityEditorReusesALoadedMode()
+{
+    writeRecordingUtilityPage();
     shell->scriptAnswer = QStringLiteral("ace/theme/monokai");
     loadUtility([&] { utility->loadEditorHTML(QStringLiteral("a 'quoted'\r\nline"), QStringLiteral("python")); });
     QCOMPARE(utility->evaluate(QStringLiteral("calls.join('|')")),
@@ -252,6 +328,23 @@ void TestWebViewControllers::utilityEditorReusesALoadedMode()
 
     loadUtility([&] { utility->loadHTML(QStringLiteral("<p>plain</p>")); });
     QVERIFY(utility->editorMode().isEmpty());
+}
+
+void TestWebViewControllers::remotePageAnsweringTheModeQueryGetsNoText()
+{
+    writeRecordingUtilityPage();
+    // Claims to be the utility editor in the right mode and sends home any
+    // state it is given.
+    PageServer server("<html><body><script>window.lw = { getMode: function () { return 'python'; },"
+                      " setState: function (s) { new Image().src = '/leak?' + encodeURIComponent(s.content); } };"
+                      "</script></body></html>");
+    loadUtility([&] { utility->loadHTMLFile(server.url()); });
+    QCOMPARE(loadUtility([&] { utility->loadEditorHTML(QStringLiteral("secret"), QStringLiteral("python")); }),
+             QString());
+    QTRY_COMPARE(utility->evaluate(QStringLiteral("calls[0]")), QStringLiteral("state secret python true"));
+    QTest::qWait(300);
+    for (const QByteArray &request : server.requests)
+        QVERIFY2(!request.contains("secret"), request.constData());
 }
 
 QTEST_MAIN(TestWebViewControllers)

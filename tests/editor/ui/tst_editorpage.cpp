@@ -97,6 +97,19 @@ QString shippedPlugin(const QString &name)
     return QString::fromUtf8(file.readAll());
 }
 
+// The string value of a script run in any page, "" when it has none.
+QString evaluated(QWebEnginePage &page, const QString &script)
+{
+    QString answer;
+    bool done = false;
+    page.runJavaScript(script, [&](const QVariant &value) {
+        answer = value.toString();
+        done = true;
+    });
+    QTest::qWaitFor([&] { return done; }, 10000);
+    return answer;
+}
+
 QJsonObject parsedState(EditorPage &page)
 {
     return QJsonDocument::fromJson(page.evalString(QStringLiteral("lw.getState()")).toUtf8()).object();
@@ -429,6 +442,46 @@ private slots:
         const QStringList preview = core->argumentsOf("loadHtml_label_withBasePath_");
         QVERIFY(preview.value(0).contains("<h1>Title</h1>"));
         QCOMPARE(preview.mid(1), (QStringList{"Markdown Preview", "/work/"}));
+    }
+
+    // Markup that reaches the editor page (plugin output, program output)
+    // runs no script there: only the program's own files and plugins do.
+    void editorPageRunsNoScriptFromMarkup()
+    {
+        page->eval("var s = document.createElement('script'); s.textContent = 'window.inline = 1';"
+                   "document.body.appendChild(s);"
+                   "var a = document.createElement('a'); a.href = 'javascript:window.linked = 1';"
+                   "document.body.appendChild(a); a.click();"
+                   "var i = document.createElement('img'); i.setAttribute('onerror', 'window.handled = 1');"
+                   "i.src = 'nowhere.png'; document.body.appendChild(i);");
+        QTest::qWait(300);
+        QCOMPARE(page->evalString("typeof window.inline + typeof window.linked + typeof window.handled"),
+                 QStringLiteral("undefinedundefinedundefined"));
+        QVERIFY(!page->page->errors.isEmpty());
+        for (const QString &error : std::as_const(page->page->errors))
+            QVERIFY2(error.contains("Content Security Policy") || error.contains("nowhere.png"), qPrintable(error));
+        page->page->errors.clear();
+    }
+
+    // A hostile document's preview holds no markup of the document's making:
+    // link targets are web, mail or relative addresses and nothing runs.
+    void markdownPreviewRunsNothingFromTheDocument()
+    {
+        page->eval(stateScript("[a](javascript:window.ran=1) [b](https://example.org/x?y=1&z=2) [c](mailto:a@b.c)\n"
+                               "[d](rel/page.html) [e](data:text/html,x) ![i](x\"onerror=\"window.ran=2)\n"
+                               "<script>window.ran=3</script> ![j](y'onerror='window.ran=4)\n",
+                               "markdown"));
+        page->eval(runPluginScript("Preview Markdown", shippedPlugin("Preview Markdown")));
+        QTRY_VERIFY(core->received("loadHtml_label_withBasePath_"));
+        ConsoleRecordingPage preview;
+        QSignalSpy loaded(&preview, &QWebEnginePage::loadFinished);
+        preview.setHtml(core->argumentsOf("loadHtml_label_withBasePath_").value(0));
+        QVERIFY(loaded.wait(20000));
+        QTest::qWait(300);  // lets failed images report
+        QCOMPARE(evaluated(preview, "Array.from(document.links, function (a) { return a.getAttribute('href'); }).join(' ')"),
+                 QStringLiteral("# https://example.org/x?y=1&z=2 mailto:a@b.c rel/page.html #"));
+        QCOMPARE(evaluated(preview, "String(document.querySelectorAll('script, [onerror]').length)"), QStringLiteral("0"));
+        QCOMPARE(evaluated(preview, "typeof window.ran"), QStringLiteral("undefined"));
     }
 
     void utilityPageShowsAReadOnlyEditor()
