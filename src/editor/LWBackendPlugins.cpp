@@ -17,8 +17,9 @@
 namespace {
 
 // The File menu's Save on the current document. Answers the saved file's
-// path, "" when there is no document or it has no file yet (Save offers the
-// save dialog then, and the plugin is not kept waiting for it).
+// path; "" when there is no document, when it has no file yet (Save offers
+// the save dialog then, and the plugin is not kept waiting for it) or when
+// the save failed (the user has been told).
 QString saveCurrentDocument()
 {
     LWDocumentManager *manager = LWDocumentManager::shared();
@@ -33,7 +34,7 @@ QString saveCurrentDocument()
         return QString();
     }
     const LWDocument::Ptr document = manager->currentDocument();
-    return document->isUntitled() ? QString() : document->fullPath();
+    return document->isUntitled() || !document->saved() ? QString() : document->fullPath();
 }
 
 }
