@@ -355,10 +355,6 @@ void LWDocument::renameWithLabel(const QString &label)
 
 void LWDocument::applySpecToWindow()
 {
-    if (LWShell *shell = LWShell::instance()) {
-        shell->setSpecPopupTitle(specNameValue);
-        shell->updatePluginMenusForSpec(LWSpecChooser::specNamed(specNameValue));
-    }
     if (LWDocumentManager *manager = LWDocumentManager::shared())
         manager->switchToDoc(shared_from_this());
 }

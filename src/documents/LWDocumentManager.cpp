@@ -4,6 +4,7 @@
 #include "app/LWShell.h"
 #include "documents/LWDocumentWatcher.h"
 #include "documents/LWImagePreview.h"
+#include "documents/LWSpecChooser.h"
 
 #include "documents/LWImportTask.h"
 
@@ -149,6 +150,7 @@ void LWDocumentManager::switchToDoc(const LWDocument::Ptr &document)
     shell->setWindowTitle(document->path().isEmpty()
                               ? document->label()
                               : QStringLiteral("%1 - %2").arg(document->label(), document->path()));
+    showSpecOf(*document);
     if (showsAsImage(document)) {
         shell->showImagePreview(LWImagePreview::load(document->fullPath()));
         return;
@@ -171,6 +173,15 @@ void LWDocumentManager::reloadFromDisk(const LWDocument::Ptr &document)
 bool LWDocumentManager::showsAsImage(const LWDocument::Ptr &document)
 {
     return document && !document->isUntitled() && LWImagePreview::isImage(document->fullPath());
+}
+
+// The status bar's language and the plugin menus (with the run button)
+// always follow the document in the editor.
+void LWDocumentManager::showSpecOf(const LWDocument &document)
+{
+    LWShell *shell = LWShell::instance();
+    shell->setSpecPopupTitle(document.specName());
+    shell->updatePluginMenusForSpec(LWSpecChooser::specNamed(document.specName()));
 }
 
 void LWDocumentManager::storeOutgoingState()

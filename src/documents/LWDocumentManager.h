@@ -48,7 +48,8 @@ public:
     // Stores a copy of the node; switchToDoc stores the node itself.
     void setCurrentDocument(const LWDocument::Ptr &document);
 
-    // Moves the editor to the node.
+    // Moves the editor to the node, and the language pop-up and plugin menus
+    // to its specification.
     void switchToDoc(const LWDocument::Ptr &document);
     // Reads the node's file again and shows the new text if it is in the editor.
     void reloadFromDisk(const LWDocument::Ptr &document);
@@ -64,6 +65,7 @@ signals:
 private:
     void importInBackground(const QStringList &paths);
     void adoptImported(const QString &path, const LWDocument::Ptr &node, bool isLast);
+    void showSpecOf(const LWDocument &document);
     void storeOutgoingState();
     void loadIntoEditor(const LWDocument::Ptr &document);
 

@@ -46,6 +46,13 @@ public:
     Q_INVOKABLE QString file_(const QString &path);
     Q_INVOKABLE QString getBinariesIndex();
 
+    // --- The plugin runtime (LWBackendPlugins.cpp)
+    // The bundle's manifest (comments allowed) as strict JSON; "{}" when unreadable.
+    Q_INVOKABLE QString pluginInfo_(const QString &bundlePath);
+    // Saves the current document as the File menu's Save does, once the page's
+    // call has returned; the promise answers the file's path ("" for none).
+    Q_INVOKABLE QFuture<QString> saveDocument();
+
     // --- Dialogs (LWBackendDialogs.cpp)
     Q_INVOKABLE void inputDialogWithTitle_default_callback_(const QString &title, const QString &defaultValue,
                                                             const QString &callback);

@@ -22,8 +22,6 @@ private slots:
     void lessThemesCompile();
     void runPluginIsBoundForScriptingLanguages();
     void templates();
-    void plugins_data();
-    void plugins();
     void previewsAndCounts();
 
 private:
@@ -78,10 +76,6 @@ void tst_ShippedBundles::runPluginIsBoundForScriptingLanguages()
         QVERIFY2(environment->runPlugin(), qPrintable(spec));
         QVERIFY(shell.runButtonVisible);
     }
-    const QVariantMap run = runPlugin("Python", {{"path", "/tmp/x.py"}});
-    QCOMPARE(run.value("terminal").toList().value(0).toStringList(), QStringList({"python3", "/tmp/x.py"}));
-    QVERIFY(run.value("saved").toBool());
-    QCOMPARE(runPlugin("Lua", {}).value("alerts").toList().size(), 1);
 }
 
 void tst_ShippedBundles::templates()
@@ -89,18 +83,6 @@ void tst_ShippedBundles::templates()
     const QVariantMap templates = environment->templatesDictionaryWithSelector("newFromTemplateAction:");
     QVERIFY(templates.size() >= 10);
     QVERIFY(templates.contains("Python"));
-}
-
-void tst_ShippedBundles::plugins_data()
-{
-    QTest::addColumn<QString>("plugin");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("sort") << "Sort Lines" << "b\nc\na" << "a\nb\nc";
-    QTest::newRow("unique") << "Unique Lines" << "a\nb\na\nb" << "a\nb";
-    QTest::newRow("trim") << "Trim Trailing Whitespace" << "a \t\nb  " << "a\nb";
-    QTest::newRow("json") << "Format JSON" << "{\"a\":[1]}" << "{\n  \"a\": [\n    1\n  ]\n}";
-    QTest::newRow("bad json kept") << "Format JSON" << "{oops" << "{oops";
 }
 
 void tst_ShippedBundles::previewsAndCounts()
@@ -114,14 +96,6 @@ void tst_ShippedBundles::previewsAndCounts()
     QCOMPARE(shown.value("basePath").toString(), QString("/notes/"));
     const QVariantMap count = runPlugin("Word Count", {{"text", "two words\nthree"}});
     QCOMPARE(count.value("status").toList().value(0).toString(), QString("2 lines, 3 words, 15 characters"));
-}
-
-void tst_ShippedBundles::plugins()
-{
-    QFETCH(QString, plugin);
-    QFETCH(QString, text);
-    QFETCH(QString, expected);
-    QCOMPARE(runPlugin(plugin, {{"text", text}}).value("text").toString(), expected);
 }
 
 QVariantMap tst_ShippedBundles::runPlugin(const QString &name, const QVariantMap &input) const

@@ -1,31 +1,18 @@
-// The object a running plugin receives as `plugin` (and `this`):
+// The object a running plugin receives as `plugin` (and `this`); the full
+// reference for plugin authors is docs/plugins.md. In short:
 //
-//   plugin.name, plugin.path       the plugin and its bundle folder
-//   plugin.editor.text()           the whole text of the current document
-//   plugin.editor.selection()      the selected text, "" when nothing is selected
-//   plugin.editor.transform(fn)    replaces the selection, or the whole text when
-//                                  nothing is selected, with fn(text), as one undo step
-//   plugin.editor.setText(text), .replaceSelection(text), .insert(text)
-//   plugin.document.path()         full path of the current document, "" when untitled
-//   plugin.document.label()        its label
-//   plugin.utility.show(html, label, basePath)   HTML in the utility pane
-//   plugin.utility.showFile(pathOrUrl, label)    a file or address there
-//   plugin.utility.showEditor(text, label, mode) a read-only editor there
-//   plugin.menu({ title: fn, ... }) the plugin's menu in the utility pane;
-//                                  plugin.menu() answers it
-//   plugin.status(message)         a message in the status bar for a moment
-//   plugin.echo(values...)         prints to the terminal
+//   plugin.name, plugin.path, plugin.info   the plugin, its bundle folder, its manifest
+//   plugin.editor.text(), .selection(), .transform(fn), .setText(text),
+//                 .replaceSelection(text), .insert(text)
+//   plugin.document.path(), .label(), .save()   the current document; save()
+//                                  answers a Promise of the saved file's path
+//   plugin.utility.show(html, label, basePath), .showFile(pathOrUrl, label),
+//                  .showEditor(text, label, mode)   the utility pane
+//   plugin.terminal.run(argv, {env, onOutput}), .echo(values...)   the terminal
+//   plugin.menu({ title: fn, ... }), plugin.status(message)
 //   plugin.alert(title, text), plugin.confirm(title, text), plugin.input(title, default)
-//                                  dialogs answering Promises (true for OK, the typed text);
-//                                  a cancelled dialog leaves its Promise pending
-//   plugin.run(argv, {env, onOutput}) runs argv in the terminal's shell session,
-//                                  output streaming to the terminal; Promise of the output
-//   plugin.exec(argv, env)         runs a program directly; Promise of its output
-//   plugin.tempFile(text, ext)     Promise of the path of a new temporary file
-//   plugin.binaries()              Promise of { node, clojure, lua, typescript } paths
-//   plugin.onHalt(fn), plugin.halt()
-//   plugin.backend                 every backend operation with a Promise result:
-//                                  plugin.backend.getClipboard().then (text) -> ...
+//   plugin.exec(argv, env), plugin.tempFile(text, ext), plugin.binaries()
+//   plugin.onHalt(fn), plugin.halt(), plugin.backend (every "core" operation, as Promises)
 (function (global) {
   'use strict';
 
@@ -84,29 +71,69 @@
     };
   }
 
-  // documentFacts: { path, label } of the current document, fetched before
-  // the plugin starts so that plugins can read them synchronously.
-  function Plugin(name, path, documentFacts) {
+  function documentApi(facts) {
+    return {
+      path: function () { return facts.path; },
+      label: function () { return facts.label; },
+      save: function () { return backend.saveDocument().then(function (path) { return path || ''; }); }
+    };
+  }
+
+  function terminalApi() {
+    return {
+      run: function (argv, options) {
+        options = options || {};
+        var onOutput = options.onOutput || function (chunk) { global.$Terminal.write(chunk); };
+        var outputId = global.$Callbacks.register(onOutput, false);
+        global.$Terminal.show();
+        return callbackPromise(function (completed) {
+          global.Bridge.notify('terminalExec_env_action_completed_', [JSON.stringify(argv),
+            options.env ? JSON.stringify(options.env) : '', global.$Callbacks.format(outputId, '%@'), completed]);
+        }, '%@').then(function (output) {
+          global.$Callbacks.drop(outputId);
+          return output;
+        });
+      },
+      echo: function () {
+        var text = Array.prototype.map.call(arguments, global.inspectObject).join(' ');
+        global.$Terminal.show();
+        global.$Terminal.echo(text);
+      }
+    };
+  }
+
+  // facts: { path, label } of the current document and the plugin's manifest
+  // (info), fetched before the plugin starts so that it can read them at once.
+  function Plugin(name, path, facts) {
     this.name = name;
     this.path = path;
+    this.info = facts.info;
     this.backend = backend;
     this.editor = editorApi(global.lw);
-    this.document = {
-      path: function () { return documentFacts.path; },
-      label: function () { return documentFacts.label; }
-    };
+    this.document = documentApi(facts);
     this.utility = utilityApi(this);
+    this.terminal = terminalApi();
     this.items = {};
     this.haltHandlers = [];
   }
 
+  function parsedInfo(json) {
+    try {
+      var info = JSON.parse(json || '{}');
+      return info !== null && typeof info === 'object' ? info : {};
+    } catch (err) {
+      return {};
+    }
+  }
+
   // Fetches what Plugin needs from the backend; empty facts without a host.
-  Plugin.documentFacts = function () {
+  Plugin.facts = function (bundlePath) {
     if (!global.Bridge.isConnected())
-      return Promise.resolve({ path: '', label: '' });
-    return Promise.all([backend.getFullPath(), backend.getLabel()]).then(function (answers) {
-      return { path: answers[0] || '', label: answers[1] || '' };
-    });
+      return Promise.resolve({ path: '', label: '', info: {} });
+    return Promise.all([backend.getFullPath(), backend.getLabel(), backend.pluginInfo_(bundlePath)])
+      .then(function (answers) {
+        return { path: answers[0] || '', label: answers[1] || '', info: parsedInfo(answers[2]) };
+      });
   };
 
   Plugin.prototype.menu = function (items) {
@@ -127,26 +154,6 @@
   Plugin.prototype.status = function (message) {
     global.Bridge.notify('showStatus_', [String(message)]);
     setTimeout(function () { global.Bridge.notify('hideStatus', []); }, STATUS_SECONDS * 1000);
-  };
-
-  Plugin.prototype.echo = function () {
-    var text = Array.prototype.map.call(arguments, global.inspectObject).join(' ');
-    global.$Terminal.show();
-    global.$Terminal.echo(text);
-  };
-
-  Plugin.prototype.run = function (argv, options) {
-    options = options || {};
-    var onOutput = options.onOutput || function (chunk) { global.$Terminal.write(chunk); };
-    var outputId = global.$Callbacks.register(onOutput, false);
-    global.$Terminal.show();
-    return callbackPromise(function (completed) {
-      global.Bridge.notify('terminalExec_env_action_completed_', [JSON.stringify(argv),
-        options.env ? JSON.stringify(options.env) : '', global.$Callbacks.format(outputId, '%@'), completed]);
-    }, '%@').then(function (output) {
-      global.$Callbacks.drop(outputId);
-      return output;
-    });
   };
 
   Plugin.prototype.exec = function (argv, env) {

@@ -1,6 +1,7 @@
 // $Core: the plugin runtime. The shell starts a plugin with
 // "$Core.runPlugin('<name>','<bundle path>',[<CoffeeScript source>]);": once
-// the current document's path and label are known, the source is compiled
+// the current document's path and label and the plugin's manifest are
+// known, the source is compiled
 // and run as the body of a function receiving `plugin` (the Plugin object of
 // pluginapi.js, also `this`), `lw` (the editor API) and `backend` (the
 // backend operations with Promise results). Errors, at compile time or later
@@ -32,7 +33,7 @@
 
     runPlugin: function (name, path, sources) {
       core.haltPlugin();
-      return global.Plugin.documentFacts().then(function (facts) {
+      return global.Plugin.facts(String(path)).then(function (facts) {
         var plugin = new global.Plugin(String(name), String(path), facts);
         core.currentPlugin = plugin;
         start(plugin, sources);

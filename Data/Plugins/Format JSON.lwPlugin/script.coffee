@@ -6,9 +6,12 @@
 #                                nothing is selected, with fn(text)
 #   plugin.alert(title, text)    an alert in the main window
 
+# A final line break is kept.
+
 plugin.editor.transform (text) ->
   try
-    JSON.stringify JSON.parse(text), null, 2
+    ending = if /\n\s*$/.test(text) then "\n" else ""
+    JSON.stringify(JSON.parse(text), null, 2) + ending
   catch error
     plugin.alert "Format JSON", "The text is not valid JSON: #{error.message}"
     text

@@ -4,7 +4,8 @@
 # Plugin API used (provided by the page's plugin runtime, `plugin` in scope):
 #   plugin.info                 this plugin's manifest (object)
 #   plugin.document.path()      full path of the current document, "" when untitled
-#   plugin.document.save()      saves the current document
+#   plugin.document.save()      saves the current document; a Promise of its
+#                               path, "" when it could not be saved
 #   plugin.terminal.run(argv)   runs argv in the terminal pane, output streamed there
 #   plugin.alert(title, text)   an alert in the main window
 
@@ -12,5 +13,5 @@ file = plugin.document.path()
 if file is ""
   plugin.alert "Run", "Save the document to a file before running it."
 else
-  plugin.document.save()
-  plugin.terminal.run [plugin.info.program, file]
+  plugin.document.save().then (saved) ->
+    plugin.terminal.run [plugin.info.program, file] if saved

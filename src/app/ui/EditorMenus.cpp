@@ -5,6 +5,7 @@
 #include "editor/LWFindMenuController.h"
 #include "editor/LWViewMenuController.h"
 #include "extensions/LWEnvironment.h"
+#include "extensions/ui/MenuValidation.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -60,20 +61,10 @@ void addBundleItems(QMenu *menu, QObject *controller, const QVariantList &descri
     }
 }
 
-// Asks the controller to validate every item of the menu and its submenus as it opens.
 template <typename Controller>
-void validateOnShow(QMenu *menu, Controller *controller)
+void validate(QMenu *menu, Controller *controller)
 {
-    QObject::connect(menu, &QMenu::aboutToShow, menu, [menu, controller] {
-        for (QAction *item : menu->actions()) {
-            if (!item->isSeparator() && !item->menu())
-                item->setEnabled(controller->validateMenuItem(item));
-        }
-    });
-    for (QAction *item : menu->actions()) {
-        if (item->menu())
-            validateOnShow(item->menu(), controller);
-    }
+    MenuValidation::install(menu, [controller](QAction *item) { return controller->validateMenuItem(item); });
 }
 
 void buildEdit(QMenu *menu, LWEditMenuController *controller)
@@ -180,16 +171,16 @@ void build(QMenuBar *bar, const Controllers &controllers, const LWEnvironment *e
 {
     QMenu *edit = bar->addMenu(QStringLiteral("Edit"));
     buildEdit(edit, controllers.edit);
-    validateOnShow(edit, controllers.edit);
+    validate(edit, controllers.edit);
     QMenu *document = bar->addMenu(QStringLiteral("Document"));
     buildDocument(document, controllers.document, environment);
-    validateOnShow(document, controllers.document);
+    validate(document, controllers.document);
     QMenu *view = bar->addMenu(QStringLiteral("View"));
     buildView(view, controllers.view, environment);
-    validateOnShow(view, controllers.view);
+    validate(view, controllers.view);
     QMenu *find = bar->addMenu(QStringLiteral("Find"));
     buildFind(find, controllers.find);
-    validateOnShow(find, controllers.find);
+    validate(find, controllers.find);
 }
 
 void fillThemes(QMenu *themes, LWViewMenuController *controller, const LWEnvironment *environment)

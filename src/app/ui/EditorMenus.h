@@ -13,7 +13,7 @@ class QMenuBar;
 // The Edit, Document, View and Find menus with their keyboard shortcuts.
 // Every item carries its action's name as object name, calls the controller's
 // slot of that name with itself when chosen, and is validated by the
-// controller each time its menu opens. The Document menu's Language submenu
+// controller each time its menu opens and before its key takes effect. The Document menu's Language submenu
 // has the object name "specsMenu".
 namespace EditorMenus {
 

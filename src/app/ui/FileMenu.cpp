@@ -2,6 +2,7 @@
 
 #include "documents/LWFileMenuController.h"
 #include "extensions/LWEnvironment.h"
+#include "extensions/ui/MenuValidation.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -68,13 +69,11 @@ void fillTemplates(QMenu *templates, const Controller &controller, const LWEnvir
     templates->setEnabled(!templates->isEmpty());
 }
 
-void validateOnShow(QMenu *menu, const Controller &controller)
+void validate(QMenu *menu, const Controller &controller)
 {
-    QObject::connect(menu, &QMenu::aboutToShow, menu, [menu, controller] {
-        for (QAction *item : menu->actions()) {
-            if (!item->isSeparator() && !item->menu() && !item->objectName().isEmpty())
-                item->setEnabled(controller().validateMenuItem(item->objectName() + QLatin1Char(':')));
-        }
+    MenuValidation::install(menu, [controller](QAction *item) {
+        return item->objectName().isEmpty()
+            || controller().validateMenuItem(item->objectName() + QLatin1Char(':'));
     });
 }
 
@@ -103,7 +102,7 @@ void build(QMenuBar *bar, const Controller &controller, const LWEnvironment *env
               {"--", "", "", nullptr}});
     QAction *quitItem = addItem(menu, QStringLiteral("Quit"), QStringLiteral("quitAction"), QStringLiteral("Ctrl+Q"));
     QObject::connect(quitItem, &QAction::triggered, menu, quit);
-    validateOnShow(menu, controller);
+    validate(menu, controller);
 }
 
 }

@@ -9,7 +9,7 @@ class QMenuBar;
 // The File menu with its keyboard shortcuts. Every item carries its action's
 // name as object name ("newAction", "saveAction", ...), calls the
 // controller's action when chosen, and is validated by the controller each
-// time the menu opens. The New from Template submenu ("templatesMenu") has
+// time the menu opens and before its key takes effect. The New from Template submenu ("templatesMenu") has
 // one submenu per language. Quit hands over to quit.
 namespace FileMenu {
 

@@ -70,8 +70,9 @@ void LWAppDelegate::buildWindow()
     mainWindow->setSpecMenu(mainWindow->menuBar()->findChild<QMenu *>(QStringLiteral("specsMenu")));
     pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get());
     pluginsMenu = std::make_unique<PluginsMenu>(mainWindow->menuBar()->addMenu(QStringLiteral("Plugins")),
+                                                mainWindow->statusPluginsMenu(), mainWindow.get(),
                                                 environment.get(), pluginsController.get());
-    pluginsMenu->rebuildFor(nullptr);
+    updatePluginMenusForSpec(nullptr);
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);
     connect(mainWindow.get(), &LWMainWindow::runRequested, pluginsController.get(),

@@ -166,8 +166,11 @@ void LWAppDelegate::setSpecPopupTitle(const QString &title)
     mainWindow->setSpecTitle(title);
 }
 
+// The registry shows the run button again when the language binds a plugin
+// to it; a document without a known language has none.
 void LWAppDelegate::updatePluginMenusForSpec(LWSpec *spec)
 {
+    mainWindow->setRunButtonVisible(false);
     pluginsMenu->rebuildFor(spec);
 }
 

@@ -63,7 +63,6 @@ QWidget *LWMainWindow::buildEditorArea()
     loadingSpinner->hide();
     runButton = new QToolButton(area);
     runButton->setText(QStringLiteral("Run"));
-    runButton->setShortcut(QKeySequence(QStringLiteral("Ctrl+R")));
     runButton->hide();
     connect(runButton, &QToolButton::clicked, this, &LWMainWindow::runRequested);
     auto *tabRow = new QHBoxLayout;
@@ -112,8 +111,14 @@ void LWMainWindow::buildStatusBar()
     specButton->setPopupMode(QToolButton::InstantPopup);
     specButton->setAutoRaise(true);
     locationField = new QLabel(this);
+    pluginsButton = new QToolButton(this);
+    pluginsButton->setText(QStringLiteral("Plugins"));
+    pluginsButton->setPopupMode(QToolButton::InstantPopup);
+    pluginsButton->setAutoRaise(true);
+    pluginsButton->setMenu(new QMenu(pluginsButton));
     statusBar()->addWidget(statusMessage, 1);
     statusBar()->addWidget(statusSpinner);
+    statusBar()->addPermanentWidget(pluginsButton);
     statusBar()->addPermanentWidget(specButton);
     statusBar()->addPermanentWidget(locationField);
     statusSpinner->hide();
@@ -160,6 +165,11 @@ void LWMainWindow::setSpecTitle(const QString &title)
 void LWMainWindow::setSpecMenu(QMenu *menu)
 {
     specButton->setMenu(menu);
+}
+
+QMenu *LWMainWindow::statusPluginsMenu() const
+{
+    return pluginsButton->menu();
 }
 
 void LWMainWindow::setSidebarVisible(bool visible)

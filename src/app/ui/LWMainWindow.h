@@ -16,7 +16,8 @@ class WorkspaceOutline;
 // The editor window: the workspace outline on the left; on the right the tab
 // bar over the editor page (or an image preview in its place) and, under a
 // splitter, the utility pane with its label, plugin pop-up and page; a status
-// bar with the status message, its spinner, the language and the location.
+// bar with the status message, its spinner, the plugins pop-up, the language
+// and the location.
 class LWMainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -37,6 +38,8 @@ public:
     void setSpecTitle(const QString &title);
     // The languages offered by the status bar's language pop-up.
     void setSpecMenu(QMenu *menu);
+    // The status bar's plugins pop-up.
+    QMenu *statusPluginsMenu() const;
 
     // Layout parts.
     void setSidebarVisible(bool visible);
@@ -46,7 +49,8 @@ public:
     void showEditor();
     void showImage(const QImage &image);
     void setLoadingSpinnerVisible(bool visible);
-    // The button that runs the plugin bound to the current language.
+    // The button that runs the plugin bound to the current language (whose
+    // key belongs to that plugin's item in the Plugins menu).
     void setRunButtonVisible(bool visible);
 
     // Utility pane: opening gives it a third of the height the first time.
@@ -84,5 +88,6 @@ private:
     QLabel *statusMessage;
     QProgressBar *statusSpinner;
     QToolButton *specButton;
+    QToolButton *pluginsButton;
     QLabel *locationField;
 };

@@ -15,7 +15,7 @@ class QObject;
 // none), looked up through the meta-object system.
 namespace LWMenuOperations {
 
-// The encoded key equivalent ("$+@+S", "F5") as a key sequence: "@" is
+// The encoded key equivalent ("$@+S", "F5") as a key sequence: "@" is
 // Control, "^" Meta, "~" Alt, "$" Shift.
 QKeySequence keySequenceForShortcut(const QString &shortcut);
 

@@ -8,22 +8,10 @@
 
 #include <QAction>
 #include <QFileDialog>
-#include <QMenu>
 
 LWPluginsMenuController::LWPluginsMenuController(LWEnvironment *environment, QWidget *window, QObject *parent)
     : QObject(parent), environment(environment), window(window)
 {
-}
-
-void LWPluginsMenuController::validateWhenShown(QMenu *menu)
-{
-    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
-        for (QAction *item : menu->actions()) {
-            item->setEnabled(validateMenuItem(item));
-            if (item->menu())
-                validateWhenShown(item->menu());
-        }
-    });
 }
 
 void LWPluginsMenuController::executePluginAction(QAction *sender)

@@ -3,7 +3,6 @@
 #include <QObject>
 
 class QAction;
-class QMenu;
 class QWidget;
 class LWEnvironment;
 
@@ -16,9 +15,6 @@ class LWPluginsMenuController : public QObject
 
 public:
     LWPluginsMenuController(LWEnvironment *environment, QWidget *window, QObject *parent = nullptr);
-
-    // Re-validates the menu's items (and its submenus') each time it opens.
-    void validateWhenShown(QMenu *menu);
 
 public slots:
     // A menu item runs its represented plugin; any other sender (the run

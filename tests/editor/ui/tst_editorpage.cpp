@@ -45,6 +45,7 @@ public:
     Q_INVOKABLE void registerPluginMenu_(const QString &titles) { record({"registerPluginMenu_", titles}); }
     Q_INVOKABLE QString getFullPath() { return QStringLiteral("/work/notes.md"); }
     Q_INVOKABLE QString getLabel() { return QStringLiteral("notes.md"); }
+    Q_INVOKABLE QString pluginInfo_(const QString &) { return QStringLiteral("{}"); }
     Q_INVOKABLE void showStatus_(const QString &text) { record({"showStatus_", text}); }
     Q_INVOKABLE void hideStatus() { record({"hideStatus"}); }
     Q_INVOKABLE void loadHtml_label_withBasePath_(const QString &html, const QString &label, const QString &base)
@@ -401,7 +402,7 @@ private slots:
         const QString source = QStringLiteral(
             "plugin.menu\n"
             "  'Upper': -> plugin.editor.transform (text) -> text.toUpperCase()\n"
-            "  'Where': -> backend.getFullPath().then (path) -> plugin.echo 'at', path, plugin.document.label()\n"
+            "  'Where': -> backend.getFullPath().then (path) -> plugin.terminal.echo 'at', path, plugin.document.label()\n"
             "plugin.onHalt -> lw.insert 'halted'\n");
         page->eval(stateScript("text", "text"));
         page->eval(runPluginScript("Tools", source));
@@ -431,7 +432,7 @@ private slots:
         QTRY_COMPARE(page->evalString("lw.getValue()"), QStringLiteral("apple\npear\n{\"b\": [1, 2]}\n"));
         page->eval("lw.goToLine(3); lw.selectLine();");
         page->eval(runPluginScript("Format JSON", shippedPlugin("Format JSON")));
-        QTRY_VERIFY(page->evalString("lw.getValue()").endsWith("{\n  \"b\": [\n    1,\n    2\n  ]\n}"));
+        QTRY_VERIFY(page->evalString("lw.getValue()").endsWith("{\n  \"b\": [\n    1,\n    2\n  ]\n}\n"));
 
         page->eval(runPluginScript("Word Count", shippedPlugin("Word Count")));
         QTRY_VERIFY(core->argumentsOf("showStatus_").value(0).contains(" words"));
