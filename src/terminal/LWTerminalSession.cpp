@@ -7,8 +7,8 @@
 #include "extensions/LWPlugin.h"
 #include "terminal/BackgroundResult.h"
 #include "terminal/LWTerm.h"
+#include "terminal/OutputCoalescer.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 
 namespace {
@@ -22,16 +22,26 @@ QString filledCallback(const QString &format, const QString &text)
     return script;
 }
 
-// Evaluates a script in the editor page from the main thread's event loop.
-void evaluateLater(const QString &script)
+void sendToEditor(const QString &script)
 {
-    QMetaObject::invokeMethod(
-        qApp,
-        [script] {
-            if (LWShell *shell = LWShell::instance())
-                shell->sendToEditor(script);
-        },
-        Qt::QueuedConnection);
+    if (LWShell *shell = LWShell::instance())
+        shell->sendToEditor(script);
+}
+
+// Output for the page goes out one script at a time: the next batch leaves
+// once the page has evaluated the last one.
+std::shared_ptr<OutputCoalescer> pageOutput(const QString &actionFormat)
+{
+    return OutputCoalescer::create(LWTerminalSession::PendingOutputLimit,
+                                   [actionFormat](const QString &batch, const std::function<void()> &delivered) {
+                                       LWShell *shell = LWShell::instance();
+                                       if (!shell || actionFormat.isEmpty()) {
+                                           delivered();
+                                           return;
+                                       }
+                                       shell->evaluateInEditor(filledCallback(actionFormat, batch),
+                                                               [delivered](const QString &) { delivered(); });
+                                   });
 }
 
 // A JSON argument of the page when it holds the expected kind of value;
@@ -72,13 +82,14 @@ QFuture<QString> LWTerminalSession::terminalExec(const QString &commandJSON, con
     if (actionFormat.isEmpty() && completedFormat.isEmpty())
         return BackgroundResult::run([args = plainWords(words), environment] { return LWTerm::exec(args, environment); });
 
-    LWTerm::Handler onChunk;
-    if (!actionFormat.isEmpty())
-        onChunk = [actionFormat](const QString &chunk) { evaluateLater(filledCallback(actionFormat, chunk)); };
-    auto onCompleted = [completedFormat](const QString &output) {
-        evaluateLater(QStringLiteral("window.setTerminalStdin(false);"));
-        if (!completedFormat.isEmpty())
-            evaluateLater(filledCallback(completedFormat, output));
+    output = pageOutput(actionFormat);
+    auto onChunk = [output = output](const QString &chunk) { output->append(chunk); };
+    auto onCompleted = [output = output, completedFormat](const QString &all) {
+        output->finish([completedFormat, all] {
+            sendToEditor(QStringLiteral("window.setTerminalStdin(false);"));
+            if (!completedFormat.isEmpty())
+                sendToEditor(filledCallback(completedFormat, all));
+        });
     };
     current = LWTerm::create();
     return BackgroundResult::ready(current->exec(words, environment, onChunk, onCompleted));
@@ -95,8 +106,11 @@ void LWTerminalSession::terminalWrite(const QString &text)
 void LWTerminalSession::terminalKill()
 {
     if (current)
-        current->detach();
+        current->stop();
+    if (output)
+        output->cancel();
     current.reset();
+    output.reset();
 }
 
 bool LWTerminalSession::execRun()

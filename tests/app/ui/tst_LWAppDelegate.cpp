@@ -6,19 +6,25 @@
 #include "documents/LWDocumentTree.h"
 #include "editor/LWViewMenuController.h"
 #include "editor/ui/LWUtilityWebViewController.h"
+#include "editor/ui/LWWebViewController.h"
 #include "extensions/LWBundle.h"
+#include "support/ProcessTable.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QToolButton>
+#include <QWebEngineView>
 #include <QtTest>
 
 // The whole application on the real editor page: the page reaches the
 // backend through "core", menu actions change the real editor, and a
-// terminal command's output arrives in the page's terminal.
+// terminal command's output arrives in the page's terminal, the keyboard
+// moves between editor and terminal, and quitting ends running commands.
 class TestAppDelegate : public QObject
 {
     Q_OBJECT
@@ -33,12 +39,16 @@ private slots:
     void menuTogglesChangeTheEditor();
     void themeAndLanguageItemsSwitchTheEditor();
     void terminalOutputArrivesInTheTerminal();
+    void keyboardMovesBetweenEditorAndTerminal();
+    void quittingEndsRunningCommands();
 
 private:
     QString page(const QString &script) { return delegate->evaluateInEditor(script); }
     // Runs a core call from the page whose promise stores its answer; waits for it.
     QString pageAnswer(const QString &call);
     bool windowShowsText(const QString &text) const;
+    QString terminalText() { return page(QStringLiteral("$('.terminal-output').text().replace(/\\u00a0/g, ' ')")); }
+    void pressTerminalShortcut() { QTest::keyClick(delegate->window(), Qt::Key_QuoteLeft, Qt::ControlModifier); }
 
     std::unique_ptr<LWAppDelegate> delegate;
 };
@@ -178,6 +188,40 @@ void TestAppDelegate::terminalOutputArrivesInTheTerminal()
     QTRY_VERIFY_WITH_TIMEOUT(page(QStringLiteral("$('.terminal-output').text().replace(/\\u00a0/g, ' ')")).contains(QLatin1String("terminal-42 it's")),
                              20000);
     QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.isRunning())")), QStringLiteral("false"), 20000);
+}
+
+void TestAppDelegate::keyboardMovesBetweenEditorAndTerminal()
+{
+    QVERIFY(QTest::qWaitForWindowActive(delegate->window()));
+    page(QStringLiteral("lw.editor.setValue('', -1); lw.editor.focus(); ''"));
+    pressTerminalShortcut();
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.hasFocus())")), QStringLiteral("true"), 5000);
+    QWidget *typingTarget = QApplication::focusWidget();
+    QVERIFY(typingTarget && delegate->webView()->view()->isAncestorOf(typingTarget));
+    QTest::keyClicks(typingTarget, QStringLiteral("echo typed-$((6 * 7))"));
+    QTest::keyClick(typingTarget, Qt::Key_Return);
+    QTRY_VERIFY_WITH_TIMEOUT(terminalText().contains(QLatin1String("typed-42")), 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.isRunning())")), QStringLiteral("false"), 20000);
+
+    pressTerminalShortcut();
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.hasFocus())")), QStringLiteral("false"), 5000);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("abc"));
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("abc"), 5000);
+    QVERIFY(!terminalText().contains(QLatin1String("abc")));
+}
+
+void TestAppDelegate::quittingEndsRunningCommands()
+{
+    QTemporaryDir scratch;
+    const QString marker = scratch.filePath(QStringLiteral("started"));
+    page(QStringLiteral("$Terminal.exec('sleep 1000 & sleep 1000 & touch %1; wait'); ''").arg(marker));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(marker), 20000);
+    const QList<qint64> groups = ProcessTable::childGroupsRunning("sleep");
+    QCOMPARE(groups.size(), 1);
+    QCOMPARE(ProcessTable::liveMembers(groups.first()), 3);
+    LWDefaults::shared()->setInteger(QStringLiteral("LW_DoOnQuit"), 1);
+    delegate->requestQuit();
+    QTRY_COMPARE_WITH_TIMEOUT(ProcessTable::liveMembers(groups.first()), 0, 5000);
 }
 
 QTEST_MAIN(TestAppDelegate)

@@ -383,6 +383,39 @@ private slots:
             QVERIFY2(QRegularExpression("^row \\d+ end$").match(row).hasMatch(), qPrintable(row));
     }
 
+    void terminalShowsColoursAndDropsOtherSequences()
+    {
+        // The last sequence is cut between two writes.
+        page->eval(R"($Terminal.write('\x1b[1;31mred\x1b[0m plain \x1b[38;5;21mblue\x1b[38;2;1;2;3mrgb\x1b[0m'
+                   + '\x1b]0;title\x07\x1b[2K\x1b(B\r<img src=x onerror="window.injected=1">[[;red;]x]\x1b[3');
+                   $Terminal.write('2mgreen\x1b[m\n');)");
+        QTRY_VERIFY(page->eval("$Terminal.stats().idle").toBool());
+        QCOMPARE(terminalText(*page), QStringLiteral("red plain bluergb<img src=x onerror=\"window.injected=1\">[[;red;]x]green"));
+        QVERIFY(page->eval("$('#terminal img').length === 0 && window.injected === undefined").toBool());
+        const auto look = [&](const QString &text) {
+            return page->evalString(QStringLiteral("(function () { var run = $('#terminal .terminal-output span').filter("
+                                                   "  function () { return $(this).text() === '%1'; }).last()[0];"
+                                                   "  var style = getComputedStyle(run); return style.color + ' ' + style.fontWeight; })()")
+                                        .arg(text));
+        };
+        QCOMPARE(look("red"), QStringLiteral("rgb(205, 49, 49) 700"));
+        QCOMPARE(look("blue"), QStringLiteral("rgb(0, 0, 255) 400"));
+        QCOMPARE(look("rgb"), QStringLiteral("rgb(1, 2, 3) 400"));
+        QCOMPARE(look("green"), QStringLiteral("rgb(13, 188, 121) 400"));
+    }
+
+    void terminalKeepsAnEndlessLineBounded()
+    {
+        page->eval("(function () { var piece = new Array(65537).join('x');"
+                   "  for (var i = 0; i < 48; i++) $Terminal.write(piece); $Terminal.write('END'); })()");
+        page->eval("window.setTerminalStdin(false);");
+        QTRY_VERIFY_WITH_TIMEOUT(page->eval("$Terminal.stats().idle").toBool(), 30000);
+        const QString text = terminalText(*page);
+        QVERIFY2(text.size() < 1200000, qPrintable(QString::number(text.size())));
+        QVERIFY(text.contains(QStringLiteral("characters of output not shown")));
+        QVERIFY(text.endsWith(QStringLiteral("xxEND")));
+    }
+
     void pluginsCompileRunAndReportErrors()
     {
         const QString source = QStringLiteral(
