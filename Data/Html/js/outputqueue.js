@@ -14,7 +14,7 @@
   var PARTIAL_WAIT_MS = 150;
   var MIN_SLICE = 2048;
   var MAX_SLICE = 8192;
-  var KEEP_CHARS = 1 << 20;
+  var KEEP_CHARS = 128 * 1024;
   var LONG_LINE = 4096;
 
   function countNewlines(text) {
@@ -43,13 +43,22 @@
   OutputQueue.prototype.push = function (text) {
     if (text === '')
       return;
+    // An oversized chunk goes in as two, so that its head can be skipped.
+    if (text.length > KEEP_CHARS) {
+      this.append(text.slice(0, text.length - KEEP_CHARS));
+      text = text.slice(text.length - KEEP_CHARS);
+    }
+    this.append(text);
+    this.schedule();
+  };
+
+  OutputQueue.prototype.append = function (text) {
     var lines = countNewlines(text);
     this.chunks.push({ text: text, lines: lines });
     this.waitingLines += lines;
     this.waitingChars += text.length;
     this.linesReceived += lines;
     this.charsReceived += text.length;
-    this.schedule();
   };
 
   OutputQueue.prototype.schedule = function () {
