@@ -192,6 +192,7 @@ void TestAppDelegate::terminalOutputArrivesInTheTerminal()
 
 void TestAppDelegate::keyboardMovesBetweenEditorAndTerminal()
 {
+    delegate->window()->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(delegate->window()));
     page(QStringLiteral("lw.editor.setValue('', -1); lw.editor.focus(); ''"));
     pressTerminalShortcut();
