@@ -9,7 +9,9 @@ constexpr qsizetype LineSearch = 4096;
 void TailBuffer::append(const QString &more)
 {
     text += more;
-    if (text.size() > capacity)
+    // Trimming moves the kept text, so it waits until twice the capacity
+    // has gathered: each character is then moved a bounded number of times.
+    if (text.size() > 2 * capacity)
         dropOldest();
 }
 
@@ -28,6 +30,8 @@ void TailBuffer::dropOldest()
 
 QString TailBuffer::take()
 {
+    if (text.size() > capacity)
+        dropOldest();
     QString taken;
     if (dropped > 0)
         taken = QStringLiteral("\u2026 %1 characters of output not shown \u2026\n").arg(dropped);

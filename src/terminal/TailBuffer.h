@@ -2,9 +2,9 @@
 
 #include <QString>
 
-// Text that keeps at most a fixed number of characters: when more arrives,
-// the oldest text goes first, up to the end of the line it cuts into where
-// that line ends soon. What was dropped is counted and announced by a note
+// Text that keeps at most a fixed number of characters (holding up to twice
+// as many between takes): when more arrives, the oldest text goes first, up
+// to the end of the line it cuts into where that line ends soon. What was dropped is counted and announced by a note
 // at the front of the text taken next.
 class TailBuffer
 {
