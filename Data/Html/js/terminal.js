@@ -12,6 +12,7 @@
   var PROMPT = '$ ';
   var OUTPUT_LIMIT = 5000;  // lines kept in the console
   var FLOOD_LINES = 1000;   // lines of a flood drawn once more than that waits
+  var HISTORY_WRITES = 400;  // writes the console remembers before it forgets the older half
 
   // The command reaches bash as one double-quoted argument of eval, so eval
   // sees exactly what was typed (pipes, redirections and cd included); the
@@ -45,6 +46,16 @@
 
   Terminal.prototype.writeLines = function (text) {
     this.console.echo(this.styler.format(text), { exec: false });
+    if (this.console.last_index() >= HISTORY_WRITES)
+      this.forgetOldWrites();
+  };
+
+  // The console keeps every write it was given, beyond the lines it shows,
+  // and walks them all on each new write: only the newer half is kept.
+  Terminal.prototype.forgetOldWrites = function () {
+    var view = this.console.export_view();
+    view.lines = view.lines.slice(-HISTORY_WRITES / 2);
+    this.console.import_view(view);
   };
 
   Terminal.prototype.interpret = function (command) {

@@ -417,6 +417,18 @@ private slots:
         QVERIFY(text.endsWith(QStringLiteral("xxEND")));
     }
 
+    void terminalForgetsOldWrites()
+    {
+        // One write per task, so that each reaches the console on its own.
+        page->eval("(function next(i) { if (i < 450) { $Terminal.write('line ' + i + '\\n');"
+                   "  setTimeout(function () { next(i + 1); }, 1); } else window.written = true; })(0)");
+        QTRY_VERIFY_WITH_TIMEOUT(page->eval("window.written && $Terminal.stats().idle").toBool(), 60000);
+        QVERIFY(page->eval("$Terminal.console.last_index()").toInt() < 400);
+        const QString text = terminalText(*page);
+        QVERIFY(text.endsWith(QStringLiteral("line 449")));
+        QVERIFY(!text.contains(QStringLiteral("line 10line")));
+    }
+
     void pluginsCompileRunAndReportErrors()
     {
         const QString source = QStringLiteral(
