@@ -11,7 +11,7 @@
   var $ = global.jQuery;
   var PROMPT = '$ ';
   var OUTPUT_LIMIT = 1000;  // lines kept in the console
-  var FLOOD_LINES = 1000;   // lines of a flood drawn once more than that waits
+  var FLOOD_LINES = 500;    // lines of a flood drawn once more than that waits
   var HISTORY_WRITES = 400;  // writes the console remembers before it forgets the older half
 
   // The command reaches bash as one double-quoted argument of eval, so eval
