@@ -14,7 +14,7 @@
   var PARTIAL_WAIT_MS = 150;
   var MIN_SLICE = 2048;
   var MAX_SLICE = 8192;
-  var KEEP_CHARS = 128 * 1024;
+  var KEEP_CHARS = 32 * 1024;
   var LONG_LINE = 4096;
 
   function countNewlines(text) {
