@@ -28,20 +28,19 @@ void sendToEditor(const QString &script)
         shell->sendToEditor(script);
 }
 
-// Output for the page goes out one script at a time: the next batch leaves
-// once the page has evaluated the last one.
-std::shared_ptr<OutputCoalescer> pageOutput(const QString &actionFormat)
+// Sends a batch of output to the page through the action script and
+// confirms once the page has evaluated it, so that the next batch waits
+// for the last.
+OutputCoalescer::Deliver pageDelivery(const QString &actionFormat)
 {
-    return OutputCoalescer::create(LWTerminalSession::PendingOutputLimit,
-                                   [actionFormat](const QString &batch, const std::function<void()> &delivered) {
-                                       LWShell *shell = LWShell::instance();
-                                       if (!shell || actionFormat.isEmpty()) {
-                                           delivered();
-                                           return;
-                                       }
-                                       shell->evaluateInEditor(filledCallback(actionFormat, batch),
-                                                               [delivered](const QString &) { delivered(); });
-                                   });
+    return [actionFormat](const QString &batch, const std::function<void()> &delivered) {
+        LWShell *shell = LWShell::instance();
+        if (!shell || actionFormat.isEmpty()) {
+            delivered();
+            return;
+        }
+        shell->evaluateInEditor(filledCallback(actionFormat, batch), [delivered](const QString &) { delivered(); });
+    };
 }
 
 // A JSON argument of the page when it holds the expected kind of value;
@@ -82,7 +81,7 @@ QFuture<QString> LWTerminalSession::terminalExec(const QString &commandJSON, con
     if (actionFormat.isEmpty() && completedFormat.isEmpty())
         return BackgroundResult::run([args = plainWords(words), environment] { return LWTerm::exec(args, environment); });
 
-    output = pageOutput(actionFormat);
+    output = OutputCoalescer::create(PendingOutputLimit, pageDelivery(actionFormat));
     auto onChunk = [output = output](const QString &chunk) { output->append(chunk); };
     auto onCompleted = [output = output, completedFormat](const QString &all) {
         output->finish([completedFormat, all] {
