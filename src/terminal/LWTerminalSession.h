@@ -38,8 +38,9 @@ public:
     LWTerm *termTask() const { return current.get(); }
 
     // Output waiting for the page beyond this many characters is dropped,
-    // oldest first, with a note.
-    static constexpr qsizetype PendingOutputLimit = 1024 * 1024;
+    // oldest first, with a note. The console shows less than this of a
+    // flood anyway, so more would only cost escaping and evaluating.
+    static constexpr qsizetype PendingOutputLimit = 64 * 1024;
 
 private:
     std::shared_ptr<LWTerm> current;
