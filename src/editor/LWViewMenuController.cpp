@@ -250,3 +250,8 @@ void LWViewMenuController::toggleUtilityViewAction(QAction *)
     shell->closeUtilityView();
     EditorCommand::send(QStringLiteral("$Core.haltPlugin()"));
 }
+
+void LWViewMenuController::toggleTerminalFocusAction(QAction *)
+{
+    EditorCommand::send(QStringLiteral("$Terminal.toggleFocus();"));
+}

@@ -58,6 +58,9 @@ public slots:
     // Shows or hides the utility pane; hiding it halts the running plugin.
     void toggleUtilityViewAction(QAction *sender = nullptr);
 
+    // Moves typing from the editor to the terminal console, or back.
+    void toggleTerminalFocusAction(QAction *sender = nullptr);
+
 private:
     void zoomBy(int steps);
     static void flipLayout(const QString &key, void (LWShell::*show)(bool));

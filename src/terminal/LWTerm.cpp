@@ -1,10 +1,12 @@
 #include "terminal/LWTerm.h"
 
 #include "app/LWShell.h"
+#include "documents/LWDocumentManager.h"
 #include "extensions/LWEnvironment.h"
 #include "terminal/ChildEnvironment.h"
-#include "terminal/DetachedRun.h"
 #include "terminal/LWTerminal.h"
+#include "terminal/ProcessGroup.h"
+#include "terminal/TerminalStartFolder.h"
 
 #include <QDebug>
 
@@ -18,6 +20,16 @@ void showBusy(bool busy)
         return;
     shell->setStatusMessage(busy ? QStringLiteral("Running...") : QString());
     shell->setStatusSpinnerRunning(busy);
+}
+
+// The folder the previous command ended in, else the workspace's.
+QString workingFolder()
+{
+    const LWEnvironment *registry = LWEnvironment::shared();
+    const QString stored = registry ? registry->pwd() : QString();
+    if (!WorkingFolderSentinel::folderPrefix(stored).isEmpty())
+        return stored;
+    return TerminalStartFolder::forWorkspace(LWDocumentManager::shared());
 }
 
 bool isNullElement(const QVariant &value)
@@ -60,15 +72,14 @@ QString LWTerm::exec(const QVariantList &args, const QVariantMap &environment, H
     showBusy(true);
     action = std::move(onChunk);
     completed = std::move(onCompleted);
-    collected.clear();
+    collected.take();
     inputClosed = false;
 
     auto *child = new QProcess;
     process = child;
     if (!environment.isEmpty())
         child->setProcessEnvironment(ChildEnvironment::fromEntries(environment));
-    const LWEnvironment *registry = LWEnvironment::shared();
-    const QString line = sentinel.commandLine(registry ? registry->pwd() : QString(), sanitizedArgs(args));
+    const QString line = sentinel.commandLine(workingFolder(), sanitizedArgs(args));
 
     // The connections hold this run alive until the child has ended.
     std::shared_ptr<LWTerm> self = shared_from_this();
@@ -86,7 +97,7 @@ QString LWTerm::exec(const QVariantList &args, const QVariantMap &environment, H
                                     .arg(shellProgram, self->process->errorString());
         self->finish(-1);
     });
-    child->start(shellProgram, {QStringLiteral("bash"), QStringLiteral("--login"), QStringLiteral("-c"), line});
+    ProcessGroup::start(child, shellProgram, {QStringLiteral("bash"), QStringLiteral("--login"), QStringLiteral("-c"), line});
     return QString();
 }
 
@@ -98,7 +109,7 @@ void LWTerm::readChannel(Utf8ChannelReader &reader)
         LWEnvironment::shared()->setPwd(folder);
     if (action)
         action(chunk);
-    collected += chunk;
+    collected.append(chunk);
 }
 
 void LWTerm::finish(int status)
@@ -107,7 +118,7 @@ void LWTerm::finish(int status)
     process = nullptr;
     lastExitStatus = status;
     if (completed)
-        completed(collected);
+        completed(collected.take());
     showBusy(false);
     // Dropping the connections releases this run; the lambdas' captures die
     // with them only after the current one has returned.
@@ -131,14 +142,10 @@ bool LWTerm::writeInput(const QString &text, QString *reason)
     return true;
 }
 
-void LWTerm::detach()
+void LWTerm::stop()
 {
-    QProcess *child = process;
-    if (!child)
-        return;
-    // Stop reading, but keep the completion: the child still counts as ended
-    // when it exits.
-    QObject::disconnect(child, &QProcess::readyReadStandardOutput, nullptr, nullptr);
-    QObject::disconnect(child, &QProcess::readyReadStandardError, nullptr, nullptr);
-    discardFurtherOutput(child);
+    action = nullptr;
+    completed = nullptr;
+    if (process)
+        ProcessGroup::kill(process);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "terminal/TailBuffer.h"
 #include "terminal/Utf8ChannelReader.h"
 #include "terminal/WorkingFolderSentinel.h"
 
@@ -34,10 +35,13 @@ public:
 
     // Runs the sanitized arguments through "bash --login -c" with the working
     // folder prefix and the folder echo, showing "Running..." meanwhile. The
-    // child sees only the given environment when it is not empty, else this
-    // process's own. `action` gets each chunk of output or error (without the
-    // folder echo, possibly ""), `completed` all of it at the end; both run on
-    // the calling thread. Answers "" at once.
+    // shell leads a process group of its own. Without a folder left by an
+    // earlier command it starts in the workspace's folder (see
+    // TerminalStartFolder). The child sees only the given environment when
+    // it is not empty, else this process's own. `action` gets each chunk of
+    // output or error (without the folder echo, possibly ""), `completed` all
+    // of it at the end (its last CollectedLimit characters, after a note of
+    // what was left out); both run on the calling thread. Answers "" at once.
     QString exec(const QVariantList &args, const QVariantMap &environment, Handler action,
                  Handler completed);
 
@@ -54,9 +58,11 @@ public:
     // running child or its input is already closed.
     bool writeInput(const QString &text, QString *reason);
 
-    // Stops listening: the child runs on unread and unsignalled; the
-    // completion handler still runs when it ends.
-    void detach();
+    // Kills the child's whole process group (the shell, its pipelines and
+    // background jobs). Neither handler runs any more.
+    void stop();
+
+    static constexpr qsizetype CollectedLimit = 8 * 1024 * 1024;
 
 private:
     LWTerm() = default;
@@ -68,7 +74,7 @@ private:
     Utf8ChannelReader outputReader{QProcess::StandardOutput};
     Utf8ChannelReader errorReader{QProcess::StandardError};
     WorkingFolderSentinel sentinel;
-    QString collected;
+    TailBuffer collected{CollectedLimit};
     bool inputClosed = false;
     int lastExitStatus = -1;
     Handler action;

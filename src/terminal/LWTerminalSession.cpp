@@ -7,8 +7,8 @@
 #include "extensions/LWPlugin.h"
 #include "terminal/BackgroundResult.h"
 #include "terminal/LWTerm.h"
+#include "terminal/OutputCoalescer.h"
 
-#include <QCoreApplication>
 #include <QDebug>
 
 namespace {
@@ -22,16 +22,25 @@ QString filledCallback(const QString &format, const QString &text)
     return script;
 }
 
-// Evaluates a script in the editor page from the main thread's event loop.
-void evaluateLater(const QString &script)
+void sendToEditor(const QString &script)
 {
-    QMetaObject::invokeMethod(
-        qApp,
-        [script] {
-            if (LWShell *shell = LWShell::instance())
-                shell->sendToEditor(script);
-        },
-        Qt::QueuedConnection);
+    if (LWShell *shell = LWShell::instance())
+        shell->sendToEditor(script);
+}
+
+// Sends a batch of output to the page through the action script and
+// confirms once the page has evaluated it, so that the next batch waits
+// for the last.
+OutputCoalescer::Deliver pageDelivery(const QString &actionFormat)
+{
+    return [actionFormat](const QString &batch, const std::function<void()> &delivered) {
+        LWShell *shell = LWShell::instance();
+        if (!shell || actionFormat.isEmpty()) {
+            delivered();
+            return;
+        }
+        shell->evaluateInEditor(filledCallback(actionFormat, batch), [delivered](const QString &) { delivered(); });
+    };
 }
 
 // A JSON argument of the page when it holds the expected kind of value;
@@ -72,13 +81,14 @@ QFuture<QString> LWTerminalSession::terminalExec(const QString &commandJSON, con
     if (actionFormat.isEmpty() && completedFormat.isEmpty())
         return BackgroundResult::run([args = plainWords(words), environment] { return LWTerm::exec(args, environment); });
 
-    LWTerm::Handler onChunk;
-    if (!actionFormat.isEmpty())
-        onChunk = [actionFormat](const QString &chunk) { evaluateLater(filledCallback(actionFormat, chunk)); };
-    auto onCompleted = [completedFormat](const QString &output) {
-        evaluateLater(QStringLiteral("window.setTerminalStdin(false);"));
-        if (!completedFormat.isEmpty())
-            evaluateLater(filledCallback(completedFormat, output));
+    output = OutputCoalescer::create(PendingOutputLimit, pageDelivery(actionFormat));
+    auto onChunk = [output = output](const QString &chunk) { output->append(chunk); };
+    auto onCompleted = [output = output, completedFormat](const QString &all) {
+        output->finish([completedFormat, all] {
+            sendToEditor(QStringLiteral("window.setTerminalStdin(false);"));
+            if (!completedFormat.isEmpty())
+                sendToEditor(filledCallback(completedFormat, all));
+        });
     };
     current = LWTerm::create();
     return BackgroundResult::ready(current->exec(words, environment, onChunk, onCompleted));
@@ -95,8 +105,11 @@ void LWTerminalSession::terminalWrite(const QString &text)
 void LWTerminalSession::terminalKill()
 {
     if (current)
-        current->detach();
+        current->stop();
+    if (output)
+        output->cancel();
     current.reset();
+    output.reset();
 }
 
 bool LWTerminalSession::execRun()

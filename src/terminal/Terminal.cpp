@@ -2,6 +2,7 @@
 
 #include "terminal/BlockingRun.h"
 #include "terminal/DetachedRun.h"
+#include "terminal/ProcessGroup.h"
 #include "terminal/Utf8ChannelReader.h"
 
 #include <QDebug>
@@ -60,7 +61,7 @@ void Terminal::start(const QString &program, const QStringList &args, Handler ha
         if (error == QProcess::FailedToStart)
             launchFailed();
     });
-    process->start(program, args);
+    ProcessGroup::start(process, program, args);
 }
 
 void Terminal::readChannel(Utf8ChannelReader &reader)

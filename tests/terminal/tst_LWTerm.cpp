@@ -1,13 +1,17 @@
+#include "documents/LWDocumentManager.h"
 #include "extensions/LWEnvironment.h"
+#include "support/ProcessTable.h"
 #include "support/RecordingShell.h"
 #include "terminal/LWTerm.h"
 #include "terminal/LWTerminalSession.h"
+#include "terminal/ProcessGroup.h"
 #include "terminal/WorkingFolderSentinel.h"
 
 #include <QtTest>
 
 // Shell sessions against real login bash: the working folder carried from one
-// command to the next, the page callbacks, standard input and detaching.
+// command to the next and where the first one starts, the page callbacks,
+// standard input, and stopping a command with everything it started.
 class LWTermTest : public QObject
 {
     Q_OBJECT
@@ -27,6 +31,17 @@ class LWTermTest : public QObject
     }
 
     static QVariantList words(const QString &line) { return QVariant(line.split(QLatin1Char(' '))).toList(); }
+
+    // Starts a shell whose command leaves two sleeping children; answers its
+    // process group once all three run.
+    static qint64 startSleepers(LWTerminalSession &session)
+    {
+        session.terminalExec(QStringLiteral("[\"eval\", \"sleep 1000 & sleep 1000\"]"), QString(),
+                             QStringLiteral("out('%@');"), QString());
+        const qint64 group = session.termTask()->task()->processId();
+        [&] { QTRY_COMPARE_WITH_TIMEOUT(ProcessTable::liveMembers(group), 3, 10000); }();
+        return group;
+    }
 
 private slots:
     void init()
@@ -128,20 +143,76 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(shell.editorScripts.contains(QStringLiteral("got('hello');")), 10000);
     }
 
-    void killDetachesTheRunningSession()
+    void interruptKillsTheCommandAndWhatItStarted()
     {
         RecordingShell shell;
         LWTerminalSession session;
-        session.terminalExec(QStringLiteral("[\"bash\", \"-c\", \"sleep 0.5; echo late\"]"), QString(),
-                             QStringLiteral("out('%@');"), QString());
-        QVERIFY(session.termTask());
+        const qint64 group = startSleepers(session);
         session.terminalKill();
         QVERIFY(!session.termTask());
-        QTest::qWait(200);
+        QTRY_COMPARE_WITH_TIMEOUT(ProcessTable::liveMembers(group), 0, 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(shell.statusMessages.last(), QString(), 5000);
+        // The page ends the command itself; nothing of it arrives later.
+        QTest::qWait(100);
         QVERIFY(shell.editorScripts.isEmpty());
+    }
+
+    void aNewCommandReplacesTheRunningOne()
+    {
+        RecordingShell shell;
+        LWTerminalSession session;
+        const qint64 group = startSleepers(session);
+        session.terminalExec(QStringLiteral("[\"echo\", \"next\"]"), QString(), QStringLiteral("out('%@');"), QString());
+        QTRY_COMPARE_WITH_TIMEOUT(ProcessTable::liveMembers(group), 0, 5000);
         QTRY_VERIFY_WITH_TIMEOUT(shell.editorScripts.contains(QStringLiteral("window.setTerminalStdin(false);")), 10000);
-        QCOMPARE(shell.editorScripts, QStringList{QStringLiteral("window.setTerminalStdin(false);")});
-        QCOMPARE(shell.statusMessages.last(), QString());
+        QCOMPARE(shell.editorScripts, (QStringList{QStringLiteral("out('next\\n');"),
+                                                   QStringLiteral("window.setTerminalStdin(false);")}));
+    }
+
+    void quittingKillsWhatFinishedCommandsLeftRunning()
+    {
+        RecordingShell shell;
+        LWTerminalSession session;
+        session.terminalExec(QStringLiteral("[\"eval\", \"sleep 1000 >/dev/null &\"]"), QString(), QString(),
+                             QStringLiteral("done();"));
+        const qint64 group = session.termTask()->task()->processId();
+        QTRY_VERIFY_WITH_TIMEOUT(shell.editorScripts.contains(QStringLiteral("done();")), 10000);
+        QCOMPARE(ProcessTable::liveMembers(group), 1);
+        ProcessGroup::killAll();
+        QTRY_COMPARE_WITH_TIMEOUT(ProcessTable::liveMembers(group), 0, 5000);
+    }
+
+    void firstCommandStartsInTheWorkspace()
+    {
+        QTemporaryDir scratch;
+        const QString project = scratch.filePath(QStringLiteral("project"));
+        const QString notes = scratch.filePath(QStringLiteral("notes"));
+        QVERIFY(QDir().mkpath(project) && QDir().mkpath(notes));
+        LWDocumentManager documents;
+        LWDocumentManager::setShared(&documents);
+        const auto pwdFromScratch = [this] {
+            registry.setPwd(QString());
+            return run(words(QStringLiteral("pwd"))).trimmed();
+        };
+        QCOMPARE(pwdFromScratch(), QDir::homePath());
+
+        LWDocument::Ptr folder = LWDocument::createBare();
+        folder->setType(LWDocument::Group);
+        folder->setFullPath(project);
+        documents.documentTree().addTopLevelGroup(folder);
+        documents.setCurrentDocument(documents.documentTree().addEmpty()->children().front());
+        QVERIFY(documents.currentDocument()->isUntitled());
+        QCOMPARE(pwdFromScratch(), project);
+
+        QFile file(notes + QStringLiteral("/todo.txt"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        documents.setCurrentDocument(LWDocument::fileFromPath(file.fileName()));
+        QCOMPARE(pwdFromScratch(), notes);
+        // A folder left by an earlier command wins.
+        QCOMPARE(run(words(QStringLiteral("pwd"))).trimmed(), notes);
+        registry.setPwd(QStringLiteral("/tmp"));
+        QCOMPARE(run(words(QStringLiteral("pwd"))).trimmed(), QStringLiteral("/tmp"));
+        LWDocumentManager::setShared(nullptr);
     }
 
     void unparseableCommandReachesThePageAsAShellError()

@@ -73,7 +73,8 @@
     var editor = createEditor();
     panel.onResize(function () { editor.resize(); });
     var settings = new global.SessionSettings();
-    var terminal = new global.Terminal('#terminal');
+    var terminal = new global.Terminal('#terminal', function () { editor.focus(); });
+    editor.on('focus', function () { terminal.release(); });
     global.$Terminal = terminal.api();
     global.setTerminalStdin = function (enabled) { terminal.setStdin(enabled); };
     global.lw = global.LwApi.create({

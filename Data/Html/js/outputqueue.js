@@ -2,9 +2,11 @@
 // are queued as they arrive and written in slices from timer tasks, each
 // slice kept within a small time budget, so floods of output leave the page
 // free to handle input and timers between slices. Nobody reads a flood as it
-// passes, so when more than keepLines lines wait, the older ones are counted
-// and skipped with a note, and only the last keepLines are drawn. A trailing partial line waits for the rest of its line, or
-// for a short pause, before it is shown.
+// passes, so when more than keepLines lines (or KEEP_CHARS characters) wait,
+// the older ones are counted and skipped with a note, and only the last are
+// drawn. A trailing partial line waits for the rest of its line, or for a
+// short pause, before it is shown; a line longer than LONG_LINE is shown in
+// pieces as it comes, so that no line grows without bound.
 (function (global) {
   'use strict';
 
@@ -12,6 +14,8 @@
   var PARTIAL_WAIT_MS = 150;
   var MIN_SLICE = 2048;
   var MAX_SLICE = 8192;
+  var KEEP_CHARS = 32 * 1024;
+  var LONG_LINE = 4096;
 
   function countNewlines(text) {
     var count = 0;
@@ -26,6 +30,7 @@
     this.keepLines = keepLines;
     this.chunks = [];          // { text, lines } waiting to be written
     this.waitingLines = 0;
+    this.waitingChars = 0;
     this.partial = '';
     this.dropLineStart = false;  // the head of the next chunk ends a skipped line
     this.slice = 4096;
@@ -38,12 +43,22 @@
   OutputQueue.prototype.push = function (text) {
     if (text === '')
       return;
+    // An oversized chunk goes in as two, so that its head can be skipped.
+    if (text.length > KEEP_CHARS) {
+      this.append(text.slice(0, text.length - KEEP_CHARS));
+      text = text.slice(text.length - KEEP_CHARS);
+    }
+    this.append(text);
+    this.schedule();
+  };
+
+  OutputQueue.prototype.append = function (text) {
     var lines = countNewlines(text);
     this.chunks.push({ text: text, lines: lines });
     this.waitingLines += lines;
+    this.waitingChars += text.length;
     this.linesReceived += lines;
     this.charsReceived += text.length;
-    this.schedule();
   };
 
   OutputQueue.prototype.schedule = function () {
@@ -51,17 +66,29 @@
       this.timer = setTimeout(this.flushSlice.bind(this), 0);
   };
 
+  // Whether the chunks after the first one alone still fill the console.
+  OutputQueue.prototype.hasSurplus = function () {
+    var first = this.chunks[0];
+    return this.chunks.length > 1 &&
+      (this.waitingLines - first.lines >= this.keepLines || this.waitingChars - first.text.length >= KEEP_CHARS);
+  };
+
   OutputQueue.prototype.skipSurplus = function () {
-    var skipped = 0, last = null;
-    while (this.chunks.length > 1 && this.waitingLines - this.chunks[0].lines >= this.keepLines) {
+    var lines = 0, chars = 0, last = null;
+    while (this.hasSurplus()) {
       last = this.chunks.shift();
       this.waitingLines -= last.lines;
-      skipped += last.lines;
+      this.waitingChars -= last.text.length;
+      lines += last.lines;
+      chars += last.text.length;
     }
     if (last) {
       this.partial = '';
-      this.dropLineStart = last.text.charAt(last.text.length - 1) !== '\n';
-      this.writeLines('\u2026 ' + skipped + ' lines of output not shown \u2026');
+      // The rest of a cut line is skipped too, unless the line is long
+      // enough to be shown in pieces anyway.
+      var lineStart = last.text.lastIndexOf('\n') + 1;
+      this.dropLineStart = lineStart < last.text.length && last.text.length - lineStart < LONG_LINE;
+      this.writeLines('\u2026 ' + (lines > 0 ? lines + ' lines' : chars + ' characters') + ' of output not shown \u2026');
     }
   };
 
@@ -73,6 +100,7 @@
       if (this.dropLineStart) {
         var end = chunk.text.indexOf('\n');
         if (end < 0) {  // the whole chunk continues the skipped line
+          this.waitingChars -= chunk.text.length;
           this.chunks.shift();
           continue;
         }
@@ -80,12 +108,14 @@
         chunk.text = chunk.text.slice(end + 1);
         chunk.lines--;
         this.waitingLines--;
+        this.waitingChars -= end + 1;
       }
       var room = this.slice - taken.length;
       var piece = chunk.text.length <= room ? chunk.text : chunk.text.slice(0, room);
       var pieceLines = piece === chunk.text ? chunk.lines : countNewlines(piece);
       taken += piece;
       this.waitingLines -= pieceLines;
+      this.waitingChars -= piece.length;
       if (piece === chunk.text) {
         this.chunks.shift();
       } else {
@@ -107,6 +137,8 @@
     this.partial = text.slice(end + 1);
     if (end >= 0)
       this.writeLines(text.slice(0, end));
+    if (this.partial.length > LONG_LINE)
+      this.flushPartial();
     this.adaptSlice(text.length, performance.now() - started);
     if (this.chunks.length)
       this.schedule();

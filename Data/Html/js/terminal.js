@@ -2,14 +2,17 @@
 // the shell session of the backend (terminalExec:env:action:completed:) with
 // its output streaming back through "$Terminal.write('%@')". While it runs,
 // one line typed in the console goes to its standard input; the backend ends
-// the session with "window.setTerminalStdin(false);".
+// the session with "window.setTerminalStdin(false);". Colour sequences in the
+// output are shown as colours. The console takes the keyboard by a click or
+// by toggleFocus(), which hands it back to the editor the next time.
 (function (global) {
   'use strict';
 
   var $ = global.jQuery;
   var PROMPT = '$ ';
-  var OUTPUT_LIMIT = 5000;  // lines kept in the console
-  var FLOOD_LINES = 1000;   // lines of a flood drawn once more than that waits
+  var OUTPUT_LIMIT = 1000;  // lines kept in the console
+  var FLOOD_LINES = 500;    // lines of a flood drawn once more than that waits
+  var HISTORY_WRITES = 400;  // writes the console remembers before it forgets the older half
 
   // The command reaches bash as one double-quoted argument of eval, so eval
   // sees exactly what was typed (pipes, redirections and cd included); the
@@ -19,9 +22,12 @@
     return command.replace(/[\\$`]/g, '\\$&');
   }
 
-  function Terminal(element) {
+  // focusEditor() gives the keyboard back to the editor.
+  function Terminal(element, focusEditor) {
     this.running = false;
     this.inputSent = false;
+    this.focusEditor = focusEditor;
+    this.styler = new global.AnsiStyler();
     this.output = new global.OutputQueue(this.writeLines.bind(this), FLOOD_LINES);
     this.console = $(element).terminal(this.interpret.bind(this), {
       greetings: false,
@@ -30,12 +36,26 @@
       exit: false,
       checkArity: false,
       completion: false,
+      // A display without a fine pointer would otherwise get the touch
+      // input mode, which takes the keyboard only from touch events.
+      inputStyle: 'textarea',
+      enabled: false,  // the editor has the keyboard at first
       keymap: { 'CTRL+C': this.interrupt.bind(this) }
     });
   }
 
   Terminal.prototype.writeLines = function (text) {
-    this.console.echo($.terminal.escape_brackets(text), { exec: false });
+    this.console.echo(this.styler.format(text), { exec: false });
+    if (this.console.last_index() >= HISTORY_WRITES)
+      this.forgetOldWrites();
+  };
+
+  // The console keeps every write it was given, beyond the lines it shows,
+  // and walks them all on each new write: only the newer half is kept.
+  Terminal.prototype.forgetOldWrites = function () {
+    var view = this.console.export_view();
+    view.lines = view.lines.slice(-HISTORY_WRITES / 2);
+    this.console.import_view(view);
   };
 
   Terminal.prototype.interpret = function (command) {
@@ -73,6 +93,22 @@
     this.setStdin(false);
   };
 
+  Terminal.prototype.toggleFocus = function () {
+    if (this.console.enabled()) {
+      this.console.disable();
+      this.focusEditor();
+    } else {
+      this.show();
+      this.console.focus();
+    }
+  };
+
+  // Typing in the editor must not reach the console too.
+  Terminal.prototype.release = function () {
+    if (this.console.enabled())
+      this.console.disable();
+  };
+
   Terminal.prototype.setStdin = function (enabled) {
     this.running = enabled === true;
     this.inputSent = false;
@@ -97,6 +133,8 @@
       write: function (text) { self.write(text); },
       exec: function (command) { self.show(); self.exec(String(command)); },
       show: function () { self.show(); },
+      toggleFocus: function () { self.toggleFocus(); },
+      hasFocus: function () { return self.console.enabled(); },
       clear: function () { self.console.clear(); },
       isRunning: function () { return self.running; },
       stats: function () {

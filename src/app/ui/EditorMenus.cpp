@@ -123,6 +123,7 @@ void buildView(QMenu *menu, LWViewMenuController *controller, const LWEnvironmen
               {"Utility Pane", "toggleUtilityViewAction", "Ctrl+Shift+U", true},
               {"--", "", "", false},
               {"Editor Panel", "togglePanelAction", "", true},
+              {"Terminal Focus", "toggleTerminalFocusAction", "Ctrl+`", false},
               {"Line Numbers", "toggleGutterAction", "", true},
               {"Print Margin", "togglePrintMarginAction", "", true},
               {"Indentation Guides", "toggleIndentationGuidesAction", "", true},

@@ -22,6 +22,7 @@
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/LWPluginsMenuController.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
@@ -47,7 +48,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     buildWindow();
     LWShell::setInstance(this);
     connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &LWAppDelegate::rememberWorkspace);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &LWAppDelegate::shutDown);
 }
 
 LWAppDelegate::~LWAppDelegate()
@@ -83,6 +84,9 @@ void LWAppDelegate::buildWindow()
         switchTo(document);
         editorPage->view()->setFocus();
     });
+    // The terminal console lives in the editor page, which needs the keyboard too.
+    if (auto *terminalFocus = mainWindow->menuBar()->findChild<QAction *>(QStringLiteral("toggleTerminalFocusAction")))
+        connect(terminalFocus, &QAction::triggered, editorPage->view(), [view = editorPage->view()] { view->setFocus(); });
 }
 
 // The editor page has loaded: the first time, build the workspace (the

@@ -117,7 +117,9 @@ private:
     // The window's close button quits as "LW_DoOnQuit" says (2 and up: it does nothing).
     void windowCloseRequested();
     void terminate();
-    void rememberWorkspace();
+    // The application is ending: keeps the workspace for the next run and
+    // ends the commands still running.
+    void shutDown();
 
     QStringList launchPaths;
     bool started = false;

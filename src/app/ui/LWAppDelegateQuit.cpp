@@ -6,6 +6,7 @@
 #include "app/ui/Dialogs.h"
 #include "app/ui/LWMainWindow.h"
 #include "documents/LWDocumentManager.h"
+#include "terminal/ProcessGroup.h"
 
 #include <QCoreApplication>
 
@@ -41,11 +42,14 @@ void LWAppDelegate::windowCloseRequested()
 void LWAppDelegate::terminate()
 {
     appTerminating = true;
+    ProcessGroup::killAll();
     QCoreApplication::exit(0);
 }
 
-void LWAppDelegate::rememberWorkspace()
+void LWAppDelegate::shutDown()
 {
     qInfo("Application WILL terminate");
     documents->rememberWorkspace();
+    // Commands still running (and whatever they started) end with the editor.
+    ProcessGroup::killAll();
 }

@@ -6,20 +6,26 @@
 #include "documents/LWDocumentTree.h"
 #include "editor/LWViewMenuController.h"
 #include "editor/ui/LWUtilityWebViewController.h"
+#include "editor/ui/LWWebViewController.h"
 #include "extensions/LWBundle.h"
+#include "support/ProcessTable.h"
 #include "support/WebTestMain.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QToolButton>
+#include <QWebEngineView>
 #include <QtTest>
 
 // The whole application on the real editor page: the page reaches the
 // backend through "core", menu actions change the real editor, and a
-// terminal command's output arrives in the page's terminal.
+// terminal command's output arrives in the page's terminal, the keyboard
+// moves between editor and terminal, and quitting ends running commands.
 class TestAppDelegate : public QObject
 {
     Q_OBJECT
@@ -34,12 +40,16 @@ private slots:
     void menuTogglesChangeTheEditor();
     void themeAndLanguageItemsSwitchTheEditor();
     void terminalOutputArrivesInTheTerminal();
+    void keyboardMovesBetweenEditorAndTerminal();
+    void quittingEndsRunningCommands();
 
 private:
     QString page(const QString &script) { return delegate->evaluateInEditor(script); }
     // Runs a core call from the page whose promise stores its answer; waits for it.
     QString pageAnswer(const QString &call);
     bool windowShowsText(const QString &text) const;
+    QString terminalText() { return page(QStringLiteral("$('.terminal-output').text().replace(/\\u00a0/g, ' ')")); }
+    void pressTerminalShortcut() { QTest::keyClick(delegate->window(), Qt::Key_QuoteLeft, Qt::ControlModifier); }
 
     std::unique_ptr<LWAppDelegate> delegate;
 };
@@ -181,5 +191,6 @@ void TestAppDelegate::terminalOutputArrivesInTheTerminal()
     QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.isRunning())")), QStringLiteral("false"), 20000);
 }
 
-LW_WEB_TEST_MAIN(TestAppDelegate)
+#include "support/ProcessTable.h"
+#include "support/WebTestMain.h"
 #include "tst_LWAppDelegate.moc"

@@ -392,9 +392,55 @@ private slots:
         QVERIFY(shown.filter("lines of output not shown").size() >= 1);
         QCOMPARE(shown.last(), QStringLiteral("row 19999 end"));
         const QStringList rows = shown.filter(QRegularExpression("^row"));
-        QVERIFY(rows.size() >= 1000);
+        QVERIFY(rows.size() >= 500);
         for (const QString &row : rows)
             QVERIFY2(QRegularExpression("^row \\d+ end$").match(row).hasMatch(), qPrintable(row));
+    }
+
+    void terminalShowsColoursAndDropsOtherSequences()
+    {
+        // The last sequence is cut between two writes.
+        page->eval(R"($Terminal.write('\x1b[1;31mred\x1b[0m plain \x1b[38;5;21mblue\x1b[38;2;1;2;3mrgb\x1b[0m'
+                   + '\x1b]0;title\x07\x1b[2K\x1b(B\r<img src=x onerror="window.injected=1">[[;red;]x]\x1b[3');
+                   $Terminal.write('2mgreen\x1b[m\n');)");
+        QTRY_VERIFY(page->eval("$Terminal.stats().idle").toBool());
+        QCOMPARE(terminalText(*page), QStringLiteral("red plain bluergb<img src=x onerror=\"window.injected=1\">[[;red;]x]green"));
+        QVERIFY(page->eval("$('#terminal img').length === 0 && window.injected === undefined").toBool());
+        const auto look = [&](const QString &text) {
+            return page->evalString(QStringLiteral("(function () { var run = $('#terminal .terminal-output span').filter("
+                                                   "  function () { return $(this).text() === '%1'; }).last()[0];"
+                                                   "  var style = getComputedStyle(run); return style.color + ' ' + style.fontWeight; })()")
+                                        .arg(text));
+        };
+        QCOMPARE(look("red"), QStringLiteral("rgb(205, 49, 49) 700"));
+        QCOMPARE(look("blue"), QStringLiteral("rgb(0, 0, 255) 400"));
+        QCOMPARE(look("rgb"), QStringLiteral("rgb(1, 2, 3) 400"));
+        QCOMPARE(look("green"), QStringLiteral("rgb(13, 188, 121) 400"));
+    }
+
+    void terminalKeepsAnEndlessLineBounded()
+    {
+        // One write far over the page's bound, then many pieces that together are.
+        page->eval("(function () { $Terminal.write(new Array(1 << 21).join('y')); var piece = new Array(65537).join('x');"
+                   "  for (var i = 0; i < 16; i++) $Terminal.write(piece); $Terminal.write('END'); })()");
+        page->eval("window.setTerminalStdin(false);");
+        QTRY_VERIFY_WITH_TIMEOUT(page->eval("$Terminal.stats().idle").toBool(), 30000);
+        const QString text = terminalText(*page);
+        QVERIFY2(text.size() < 200000, qPrintable(QString::number(text.size())));
+        QVERIFY(text.contains(QStringLiteral("characters of output not shown")));
+        QVERIFY(text.endsWith(QStringLiteral("xxEND")));
+    }
+
+    void terminalForgetsOldWrites()
+    {
+        // One write per task, so that each reaches the console on its own.
+        page->eval("(function next(i) { if (i < 450) { $Terminal.write('line ' + i + '\\n');"
+                   "  setTimeout(function () { next(i + 1); }, 1); } else window.written = true; })(0)");
+        QTRY_VERIFY_WITH_TIMEOUT(page->eval("window.written && $Terminal.stats().idle").toBool(), 60000);
+        QVERIFY(page->eval("$Terminal.console.last_index()").toInt() < 400);
+        const QString text = terminalText(*page);
+        QVERIFY(text.endsWith(QStringLiteral("line 449")));
+        QVERIFY(!text.contains(QStringLiteral("line 10line")));
     }
 
     void pluginsCompileRunAndReportErrors()
