@@ -191,6 +191,40 @@ void TestAppDelegate::terminalOutputArrivesInTheTerminal()
     QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.isRunning())")), QStringLiteral("false"), 20000);
 }
 
-#include "support/ProcessTable.h"
-#include "support/WebTestMain.h"
+void TestAppDelegate::keyboardMovesBetweenEditorAndTerminal()
+{
+    delegate->window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(delegate->window()));
+    page(QStringLiteral("lw.editor.setValue('', -1); lw.editor.focus(); ''"));
+    pressTerminalShortcut();
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.hasFocus())")), QStringLiteral("true"), 5000);
+    QWidget *typingTarget = QApplication::focusWidget();
+    QVERIFY(typingTarget && delegate->webView()->view()->isAncestorOf(typingTarget));
+    QTest::keyClicks(typingTarget, QStringLiteral("echo typed-$((6 * 7))"));
+    QTest::keyClick(typingTarget, Qt::Key_Return);
+    QTRY_VERIFY_WITH_TIMEOUT(terminalText().contains(QLatin1String("typed-42")), 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.isRunning())")), QStringLiteral("false"), 20000);
+
+    pressTerminalShortcut();
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.hasFocus())")), QStringLiteral("false"), 5000);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("abc"));
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("abc"), 5000);
+    QVERIFY(!terminalText().contains(QLatin1String("abc")));
+}
+
+void TestAppDelegate::quittingEndsRunningCommands()
+{
+    QTemporaryDir scratch;
+    const QString marker = scratch.filePath(QStringLiteral("started"));
+    page(QStringLiteral("$Terminal.exec('sleep 1000 & sleep 1000 & touch %1; wait'); ''").arg(marker));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(marker), 20000);
+    const QList<qint64> groups = ProcessTable::childGroupsRunning("sleep");
+    QCOMPARE(groups.size(), 1);
+    QCOMPARE(ProcessTable::liveMembers(groups.first()), 3);
+    LWDefaults::shared()->setInteger(QStringLiteral("LW_DoOnQuit"), 1);
+    delegate->requestQuit();
+    QTRY_COMPARE_WITH_TIMEOUT(ProcessTable::liveMembers(groups.first()), 0, 5000);
+}
+
+LW_WEB_TEST_MAIN(TestAppDelegate)
 #include "tst_LWAppDelegate.moc"
