@@ -58,8 +58,7 @@ void LWDocumentWatcher::examine(const LWDocument::Ptr &document)
     LWShell *shell = LWShell::instance();
     if (!now.exists) {
         qInfo().noquote() << QStringLiteral("%1 was removed or renamed on disk").arg(document->fullPath());
-        document->noteDiskStamp(now);
-        document->setSaved(false);
+        document->setSaved(false);  // saving it again asks first
         if (shell) {
             shell->setStatusMessage(QStringLiteral("“%1” was removed or renamed on disk").arg(document->label()));
             shell->setStatusMessageVisible(true);

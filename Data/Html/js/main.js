@@ -90,6 +90,12 @@
       reportToShell(editor, panel);
     reportUncaughtErrors();
     editor.focus();
+    // The shell hands the page the keyboard after the editor asked for it:
+    // the editor takes it then, unless the terminal has it.
+    global.addEventListener('focus', function () {
+      if (!global.$Terminal.hasFocus())
+        editor.focus();
+    });
   }
 
   start();

@@ -1,19 +1,13 @@
 #include "app/ui/DocumentTabs.h"
-#include "app/ui/LWAppDelegate.h"
-#include "app/ui/LWMainWindow.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
-#include "editor/ui/LWWebViewController.h"
+#include "support/WebTestMain.h"
+#include "support/WindowDriver.h"
 
-#include <QAbstractButton>
 #include <QFile>
 #include <QFileDialog>
-#include <QMessageBox>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QWebEngineView>
-#include <QtTest>
 
 // Typed text in the real window, by real key presses: the untitled document
 // shown at start becomes unsaved, saves through the save dialog and is never
@@ -31,44 +25,22 @@ private slots:
     void controlSSavesItThroughTheSaveDialog();
 
 private:
-    QString page(const QString &script) { return delegate->evaluateInEditor(script); }
-    LWDocument::Ptr current() const { return delegate->documentManager()->currentDocument(); }
-    void typeKeys(const QString &text);
-    QWidget *editorWidget() const;
-    // Presses the button of the window's question once it shows.
-    bool answer(const QString &button);
+    LWDocument::Ptr current() const { return window->delegate->documentManager()->currentDocument(); }
 
     QTemporaryDir folder;
-    std::unique_ptr<LWAppDelegate> delegate;
+    std::unique_ptr<WindowDriver> window;
 };
 
 void TestUnsavedWork::initTestCase()
 {
-    delegate = std::make_unique<LWAppDelegate>(QStringList());
-    delegate->window()->resize(1000, 700);
-    delegate->window()->show();
-    QSignalSpy ready(delegate.get(), &LWAppDelegate::editorReady);
-    QVERIFY(ready.wait(60000));
-    QTRY_VERIFY_WITH_TIMEOUT(current(), 20000);
-    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("typeof core")), QStringLiteral("object"), 20000);
-    delegate->window()->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(delegate->window()));
+    window = std::make_unique<WindowDriver>();
+    QVERIFY(window->start());
+    QVERIFY(current());
 }
 
 void TestUnsavedWork::cleanupTestCase()
 {
-    delegate.reset();
-}
-
-void TestUnsavedWork::typeKeys(const QString &text)
-{
-    QTest::keyClicks(editorWidget(), text);
-}
-
-QWidget *TestUnsavedWork::editorWidget() const
-{
-    QWebEngineView *view = delegate->webView()->view();
-    return view->focusProxy() ? view->focusProxy() : view;
+    window.reset();
 }
 
 void TestUnsavedWork::typingIntoTheUntitledDocumentMarksItUnsaved()
@@ -76,11 +48,11 @@ void TestUnsavedWork::typingIntoTheUntitledDocumentMarksItUnsaved()
     const LWDocument::Ptr untitled = current();
     QVERIFY(untitled->isUntitled());
     // The editor has the keyboard from the start.
-    QTRY_COMPARE(QApplication::focusWidget(), editorWidget());
-    typeKeys(QStringLiteral("typed"));
-    QTRY_COMPARE(page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("typed"));
+    QTRY_COMPARE(QApplication::focusWidget(), window->editorWidget());
+    window->typeKeys(QStringLiteral("typed"));
+    QTRY_COMPARE(window->page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("typed"));
     QTRY_VERIFY(!untitled->saved());
-    QVERIFY(!delegate->documentManager()->documentTree().unsavedChanges());
+    QVERIFY(!window->delegate->documentManager()->documentTree().unsavedChanges());
 }
 
 void TestUnsavedWork::aSidebarClickNeverReplacesIt()
@@ -92,46 +64,43 @@ void TestUnsavedWork::aSidebarClickNeverReplacesIt()
     other.write("other text");
     other.close();
     const LWDocument::Ptr otherDocument = LWDocument::fileFromPath(otherPath);
-    delegate->documentManager()->documentTree().filesGroup()->addChildDocument(otherDocument);
-    delegate->reloadOutline();
+    window->delegate->documentManager()->documentTree().filesGroup()->addChildDocument(otherDocument);
+    window->delegate->reloadOutline();
 
-    WorkspaceOutline *outline = delegate->window()->outline();
+    WorkspaceOutline *outline = window->delegate->window()->outline();
     QTreeWidgetItem *row = nullptr;
     QTRY_VERIFY((row = outline->findItems(QStringLiteral("other.txt"), Qt::MatchStartsWith | Qt::MatchRecursive).value(0)));
     outline->scrollToItem(row);
     QTest::mouseClick(outline->viewport(), Qt::LeftButton, {}, outline->visualItemRect(row).center());
     QTRY_COMPARE(current(), otherDocument);
-    QTRY_COMPARE(page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("other text"));
+    QTRY_COMPARE(window->page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("other text"));
 
-    DocumentTabs *tabs = delegate->window()->tabs();
+    DocumentTabs *tabs = window->delegate->window()->tabs();
     QCOMPARE(tabs->count(), 2);
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(0).center());
     QTRY_COMPARE(current(), untitled);
-    QTRY_COMPARE(page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("typed"));
+    QTRY_COMPARE(window->page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("typed"));
     QVERIFY(!untitled->saved());
 }
 
 void TestUnsavedWork::bothQuitPathsAskForIt()
 {
-    auto *quit = delegate->window()->findChild<QAction *>(QStringLiteral("quitAction"));
+    auto *quit = window->delegate->window()->findChild<QAction *>(QStringLiteral("quitAction"));
     quit->trigger();
-    QVERIFY(answer(QStringLiteral("No")));
-    QVERIFY(!delegate->window()->close());
-    QVERIFY(answer(QStringLiteral("No")));
-    QVERIFY(delegate->window()->isVisible());
+    QVERIFY(window->answer(QStringLiteral("No")));
+    QVERIFY(!window->delegate->window()->close());
+    QVERIFY(window->answer(QStringLiteral("No")));
+    QVERIFY(window->delegate->window()->isVisible());
 }
 
 void TestUnsavedWork::controlSSavesItThroughTheSaveDialog()
 {
     const LWDocument::Ptr untitled = current();
     const QString target = folder.filePath(QStringLiteral("kept.txt"));
-    // The window is active again once the quit question has gone.
-    delegate->window()->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(delegate->window()));
     QVERIFY(!untitled->saved());
-    QTest::keyClick(editorWidget(), Qt::Key_S, Qt::ControlModifier);
+    window->pressSave();
     QFileDialog *dialog = nullptr;
-    QTRY_VERIFY((dialog = delegate->window()->findChild<QFileDialog *>()) && dialog->isVisible());
+    QTRY_VERIFY((dialog = window->delegate->window()->findChild<QFileDialog *>()) && dialog->isVisible());
     dialog->selectFile(target);
     static_cast<QDialog *>(dialog)->accept();
     QTRY_VERIFY(untitled->saved());
@@ -141,24 +110,5 @@ void TestUnsavedWork::controlSSavesItThroughTheSaveDialog()
     QCOMPARE(written.readAll(), QByteArray("typed"));
 }
 
-bool TestUnsavedWork::answer(const QString &button)
-{
-    QMessageBox *box = nullptr;
-    for (int waited = 0; waited < 5000 && !(box && box->isVisible()); waited += 50) {
-        QTest::qWait(50);
-        box = delegate->window()->findChild<QMessageBox *>();
-    }
-    if (!box)
-        return false;
-    for (QAbstractButton *candidate : box->buttons()) {
-        if (candidate->text() == button) {
-            candidate->click();
-            delete box;
-            return true;
-        }
-    }
-    return false;
-}
-
-QTEST_MAIN(TestUnsavedWork)
+LW_WEB_TEST_MAIN(TestUnsavedWork)
 #include "tst_UnsavedWork.moc"
