@@ -4,6 +4,7 @@
 #include "support/WebTestMain.h"
 #include "support/WindowDriver.h"
 
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
@@ -25,6 +26,8 @@ private slots:
     void aRemovedFileIsSavedAgainOnlyWhenAsked();
     void imagesAreNeverSavedAsText();
     void aPathThatDoesNotExistOpensEditable();
+    void aFailedSaveIsToldAndKeepsTheChanges();
+    void anEditedFileKeepsItsByteOrderMark();
 
 private:
     LWDocument::Ptr open(const QString &path);
@@ -161,6 +164,49 @@ void TestFilesOnDisk::aPathThatDoesNotExistOpensEditable()
     window->pressSave();
     QTRY_VERIFY(document->saved());
     QCOMPARE(onDisk(path), QByteArray("print(1)"));
+}
+
+void TestFilesOnDisk::aFailedSaveIsToldAndKeepsTheChanges()
+{
+    QDir(folder.path()).mkdir(QStringLiteral("gone"));
+    const QString path = folder.filePath(QStringLiteral("gone/note.txt"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("note");
+    file.close();
+    const LWDocument::Ptr document = open(path);
+    QTRY_COMPARE(editorText(), QStringLiteral("note"));
+    QVERIFY(QDir(folder.filePath(QStringLiteral("gone"))).removeRecursively());
+    window->page(QStringLiteral("lw.editor.navigateFileEnd(); lw.editor.focus(); ''"));
+    window->typeKeys(QStringLiteral("s"));
+    QTRY_VERIFY(!document->saved());
+
+    window->pressSave();
+    QVERIFY(window->answer(QStringLiteral("Save")));  // it was removed: save it again?
+    QMessageBox *told = window->question();
+    QVERIFY(told);
+    QCOMPARE(told->text(), QStringLiteral("Could not save “note.txt”"));
+    QVERIFY(window->answer(QStringLiteral("OK")));
+    QVERIFY(!document->saved());
+    QCOMPARE(editorText(), QStringLiteral("notes"));
+    QVERIFY(!window->delegate->documentManager()->documentTree().unsavedChanges());
+}
+
+void TestFilesOnDisk::anEditedFileKeepsItsByteOrderMark()
+{
+    const QString path = folder.filePath(QStringLiteral("marked.txt"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("\xEF\xBB\xBF" "abc");
+    file.close();
+    const LWDocument::Ptr document = open(path);
+    QTRY_COMPARE(editorText(), QStringLiteral("abc"));
+    window->page(QStringLiteral("lw.editor.navigateFileEnd(); lw.editor.focus(); ''"));
+    window->typeKeys(QStringLiteral("d"));
+    QTRY_VERIFY(!document->saved());
+    window->pressSave();
+    QTRY_VERIFY(document->saved());
+    QCOMPARE(onDisk(path), QByteArray("\xEF\xBB\xBF" "abcd"));
 }
 
 LW_WEB_TEST_MAIN(TestFilesOnDisk)

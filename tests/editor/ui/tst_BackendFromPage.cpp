@@ -128,7 +128,7 @@ void TestBackendFromPage::scriptsAndProcessesAnswerThePage()
     callAndWait(QStringLiteral("core.terminalExec_env_action_completed_('[\"printf\", \"session\"]', '', '', "
                                "'window.session = \"%@\"')"),
                 QStringLiteral("window.session === 'session'"));
-    callAndWait(QStringLiteral("Bridge.call('exec_', ['[\"/bin/sh\", \"-c\", \"sleep 1; echo slept\"]'])"
+    callAndWait(QStringLiteral("Bridge.call('exec_', ['[\"/bin/sh\", \"-c\", \"sleep 2; echo slept\"]'])"
                                ".then(function (out) { window.slept = out; })"),
                 QStringLiteral("window.slept === 'slept\\n'"));
     callAndWait(QStringLiteral("Bridge.call('terminalExec_env_action_completed_', ['[\"printf\", \"direct\"]', '', '', ''])"
