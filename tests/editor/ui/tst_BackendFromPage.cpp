@@ -3,6 +3,8 @@
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
 #include "editor/ui/LWUtilityWebViewController.h"
+#include "support/WebTestMain.h"
+#include "support/WindowDriver.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -42,24 +44,22 @@ private:
     void answerOpenDialogs();
     QString writeFile(const QString &name, const QByteArray &bytes);
 
-    std::unique_ptr<LWAppDelegate> delegate;
+    std::unique_ptr<WindowDriver> window;
+    LWAppDelegate *delegate = nullptr;
     QTemporaryDir folder;
 };
 
 void TestBackendFromPage::initTestCase()
 {
-    delegate = std::make_unique<LWAppDelegate>(QStringList());
-    delegate->window()->resize(1000, 700);
-    delegate->window()->show();
-    QSignalSpy ready(delegate.get(), &LWAppDelegate::editorReady);
-    QVERIFY(ready.wait(60000));
-    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("typeof core")), QStringLiteral("object"), 20000);
+    window = std::make_unique<WindowDriver>();
+    QVERIFY(window->start());
+    delegate = window->delegate.get();
     page(QStringLiteral("window.ticks = 0; setInterval(function () { window.ticks++; }, 20); ''"));
 }
 
 void TestBackendFromPage::cleanupTestCase()
 {
-    delegate.reset();
+    window.reset();
 }
 
 QString TestBackendFromPage::writeFile(const QString &name, const QByteArray &bytes)
@@ -187,5 +187,5 @@ void TestBackendFromPage::writingAnOpenDocumentTellsThePage()
     QCOMPARE(written.readAll(), QByteArray("after"));
 }
 
-QTEST_MAIN(TestBackendFromPage)
+LW_WEB_TEST_MAIN(TestBackendFromPage)
 #include "tst_BackendFromPage.moc"
