@@ -47,7 +47,19 @@ public:
         return view->focusProxy() ? view->focusProxy() : view;
     }
 
-    void typeKeys(const QString &text) { QTest::keyClicks(editorWidget(), text); }
+    // Types once the editor shows its caret, as a person waits to see it.
+    bool typeKeys(const QString &text)
+    {
+        for (int waited = 0; page(QStringLiteral("String(document.hasFocus() && lw.editor.isFocused())"))
+                             != QLatin1String("true");
+             waited += 50) {
+            if (waited > 5000)
+                return false;
+            QTest::qWait(50);
+        }
+        QTest::keyClicks(editorWidget(), text);
+        return true;
+    }
 
     // Ctrl+S with the keyboard in the editor.
     void pressSave()

@@ -94,14 +94,14 @@ void TestFilesOnDisk::anUnsavedDocumentAsksToKeepOrLoad()
 {
     const LWDocument::Ptr document = open(watchedPath);
     window->page(QStringLiteral("lw.editor.navigateFileEnd(); lw.editor.focus(); ''"));
-    window->typeKeys(QStringLiteral("!"));
+    QVERIFY(window->typeKeys(QStringLiteral("!")));
     QTRY_VERIFY(!document->saved());
     writeAsAnotherProgram("theirs");
     QVERIFY(window->answer(QStringLiteral("Load Theirs")));
     QTRY_COMPARE(editorText(), QStringLiteral("theirs"));
     QVERIFY(document->saved());
 
-    window->typeKeys(QStringLiteral("?"));
+    QVERIFY(window->typeKeys(QStringLiteral("?")));
     QTRY_VERIFY(!document->saved());
     writeAsAnotherProgram("again theirs");
     QVERIFY(window->answer(QStringLiteral("Keep Mine")));
@@ -159,7 +159,7 @@ void TestFilesOnDisk::aPathThatDoesNotExistOpensEditable()
     QTRY_COMPARE(window->page(QStringLiteral("String(lw.editor.getReadOnly())")), QStringLiteral("false"));
     QVERIFY(!QFile::exists(path));
     window->page(QStringLiteral("lw.editor.focus(); ''"));
-    window->typeKeys(QStringLiteral("print(1)"));
+    QVERIFY(window->typeKeys(QStringLiteral("print(1)")));
     QTRY_VERIFY(!document->saved());
     window->pressSave();
     QTRY_VERIFY(document->saved());
@@ -178,7 +178,7 @@ void TestFilesOnDisk::aFailedSaveIsToldAndKeepsTheChanges()
     QTRY_COMPARE(editorText(), QStringLiteral("note"));
     QVERIFY(QDir(folder.filePath(QStringLiteral("gone"))).removeRecursively());
     window->page(QStringLiteral("lw.editor.navigateFileEnd(); lw.editor.focus(); ''"));
-    window->typeKeys(QStringLiteral("s"));
+    QVERIFY(window->typeKeys(QStringLiteral("s")));
     QTRY_VERIFY(!document->saved());
 
     window->pressSave();
@@ -202,7 +202,7 @@ void TestFilesOnDisk::anEditedFileKeepsItsByteOrderMark()
     const LWDocument::Ptr document = open(path);
     QTRY_COMPARE(editorText(), QStringLiteral("abc"));
     window->page(QStringLiteral("lw.editor.navigateFileEnd(); lw.editor.focus(); ''"));
-    window->typeKeys(QStringLiteral("d"));
+    QVERIFY(window->typeKeys(QStringLiteral("d")));
     QTRY_VERIFY(!document->saved());
     window->pressSave();
     QTRY_VERIFY(document->saved());

@@ -49,7 +49,7 @@ void TestUnsavedWork::typingIntoTheUntitledDocumentMarksItUnsaved()
     QVERIFY(untitled->isUntitled());
     // The editor has the keyboard from the start.
     QTRY_COMPARE(QApplication::focusWidget(), window->editorWidget());
-    window->typeKeys(QStringLiteral("typed"));
+    QVERIFY(window->typeKeys(QStringLiteral("typed")));
     QTRY_COMPARE(window->page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("typed"));
     QTRY_VERIFY(!untitled->saved());
     QVERIFY(!window->delegate->documentManager()->documentTree().unsavedChanges());
