@@ -1,0 +1,19 @@
+#include "app/ui/OutlineFolderRefresh.h"
+
+#include "app/ui/WorkspaceOutline.h"
+#include "documents/LWFolderSync.h"
+
+OutlineFolderRefresh::OutlineFolderRefresh(WorkspaceOutline *outline) : QObject(outline), outline(outline)
+{
+    connect(outline, &WorkspaceOutline::folderExpanded, this, &OutlineFolderRefresh::folderOpened);
+    connect(outline, &WorkspaceOutline::folderCollapsed, &watcher, &LWFolderWatcher::unwatch);
+    connect(outline, &WorkspaceOutline::reloading, &watcher, &LWFolderWatcher::unwatchAll);
+    connect(&watcher, &LWFolderWatcher::folderSynced, outline, &WorkspaceOutline::refreshChildren);
+}
+
+void OutlineFolderRefresh::folderOpened(const LWDocument::Ptr &folder)
+{
+    if (LWFolderSync::syncChildren(folder))
+        outline->refreshChildren(folder);
+    watcher.watch(folder);
+}
