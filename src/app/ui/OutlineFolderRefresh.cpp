@@ -5,7 +5,10 @@
 
 OutlineFolderRefresh::OutlineFolderRefresh(WorkspaceOutline *outline) : QObject(outline), outline(outline)
 {
-    connect(outline, &WorkspaceOutline::folderExpanded, this, &OutlineFolderRefresh::folderOpened);
+    // Rows change only after the view has finished opening (or restoring) rows.
+    connect(outline, &WorkspaceOutline::folderExpanded, this, [this](const LWDocument::Ptr &folder) {
+        QMetaObject::invokeMethod(this, [this, folder] { folderOpened(folder); }, Qt::QueuedConnection);
+    });
     connect(outline, &WorkspaceOutline::folderCollapsed, &watcher, &LWFolderWatcher::unwatch);
     connect(outline, &WorkspaceOutline::reloading, &watcher, &LWFolderWatcher::unwatchAll);
     connect(&watcher, &LWFolderWatcher::folderSynced, outline, &WorkspaceOutline::refreshChildren);

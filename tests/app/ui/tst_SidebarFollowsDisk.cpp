@@ -128,7 +128,7 @@ void TestSidebarFollowsDisk::aClosedFolderIsBroughtInLineWhenOpened()
     QTest::qWait(600);
     QCOMPARE(labels(folder), QStringList({"item.txt"}));
     folder->setExpanded(true);
-    QCOMPARE(labels(folder), QStringList({"item.txt", "late.txt"}));
+    QTRY_COMPARE_WITH_TIMEOUT(labels(folder), QStringList({"item.txt", "late.txt"}), 200);
 }
 
 LW_WEB_TEST_MAIN(TestSidebarFollowsDisk)
