@@ -1,3 +1,4 @@
+#include "documents/LWDocumentIcons.h"
 #include "documents/LWFolderSync.h"
 #include "documents/LWFolderWatcher.h"
 #include "support/DocumentFixtures.h"
@@ -59,6 +60,7 @@ void tst_LWFolderSync::newEntriesAppearGoneOnesGoStayingNodesAreKept()
     QCOMPARE(main->path(), QStringLiteral("src/deep"));
     QCOMPARE(main->specName(), QStringLiteral("Python"));
     QCOMPARE(group->childAtIndex(1)->parent(), group);
+    QCOMPARE(group->childAtIndex(1)->icon(), LWDocumentIcons::folder());
 
     // A subfolder syncs against the same import root.
     fixtures->write("Proj/lib/added.txt");
