@@ -109,28 +109,44 @@ void LWFolderLoader::loadChildren(LWDocument &folder, const QString &folderPath)
     }
     openFolders.push_back(identity);
 
-    std::vector<std::pair<QString, bool>> folders;
-    std::vector<std::pair<QString, bool>> others;
-    const QVector<DirectoryEntry> entries = DirectoryReader::read(folderPath);
-    for (const DirectoryEntry &entry : entries) {
-        if (isFiltered(entry.name))
-            continue;
-        const bool isFolder = entry.isFolderIn(folderPath);
-        (isFolder && settings.foldersOnTop ? folders : others).emplace_back(entry.name, isFolder);
-    }
-    folders.insert(folders.end(), others.begin(), others.end());
-
+    const std::vector<LWFolderEntry> entries = listing(folderPath);
     // Every child shares one relative-directory text; any child name gives
     // the same directory.
     const QString childDirectory = LWPathText::relativeDirectory(
         LWPathText::appendingComponent(folderPath, QStringLiteral("child")), root);
     LWDocument::List children;
-    children.reserve(folders.size());
-    for (const auto &[name, isFolder] : folders) {
-        const QString childPath = LWPathText::appendingComponent(folderPath, name);
-        children.push_back(isFolder ? folderNode(childPath, name, childDirectory)
-                                    : fileNode(childPath, name, childDirectory));
-    }
+    children.reserve(entries.size());
+    for (const LWFolderEntry &entry : entries)
+        children.push_back(childNode(folderPath, entry, childDirectory));
     folder.adoptLoadedChildren(std::move(children));
     openFolders.pop_back();
+}
+
+std::vector<LWFolderEntry> LWFolderLoader::listing(const QString &folderPath) const
+{
+    std::vector<LWFolderEntry> folders;
+    std::vector<LWFolderEntry> others;
+    const QVector<DirectoryEntry> entries = DirectoryReader::read(folderPath);
+    for (const DirectoryEntry &entry : entries) {
+        if (isFiltered(entry.name))
+            continue;
+        const bool isFolder = entry.isFolderIn(folderPath);
+        (isFolder && settings.foldersOnTop ? folders : others).push_back({entry.name, isFolder});
+    }
+    folders.insert(folders.end(), others.begin(), others.end());
+    return folders;
+}
+
+LWDocument::Ptr LWFolderLoader::childNode(const QString &folderPath, const LWFolderEntry &entry)
+{
+    const QString childPath = LWPathText::appendingComponent(folderPath, entry.name);
+    return childNode(folderPath, entry, LWPathText::relativeDirectory(childPath, root));
+}
+
+LWDocument::Ptr LWFolderLoader::childNode(const QString &folderPath, const LWFolderEntry &entry,
+                                          const QString &relativeDirectory)
+{
+    const QString childPath = LWPathText::appendingComponent(folderPath, entry.name);
+    return entry.isFolder ? folderNode(childPath, entry.name, relativeDirectory)
+                          : fileNode(childPath, entry.name, relativeDirectory);
 }

@@ -24,6 +24,13 @@ struct LWImportSettings
     static LWImportSettings fromDefaults();
 };
 
+// One entry of a folder listing that passed the filter.
+struct LWFolderEntry
+{
+    QString name;
+    bool isFolder = false;
+};
+
 // Builds file, folder and group nodes from disk, loading folders' children
 // recursively below one imported root. Folders that cannot be read come out
 // empty, and a folder already open higher up the same branch (reached again
@@ -38,6 +45,13 @@ public:
     LWDocument::Ptr folderNode(const QString &path);
     LWDocument::Ptr groupNode(const QString &path);
 
+    // The entries of a folder that the import shows, in the import's order:
+    // filtered names left out, folders first when the settings ask for it.
+    std::vector<LWFolderEntry> listing(const QString &folderPath) const;
+    // The node of one listed entry of a folder below the root; a folder
+    // comes with its children loaded.
+    LWDocument::Ptr childNode(const QString &folderPath, const LWFolderEntry &entry);
+
 private:
     using FolderIdentity = std::pair<dev_t, ino_t>;
 
@@ -45,6 +59,8 @@ private:
                             const QString &relativeDirectory) const;
     LWDocument::Ptr fileNode(const QString &fullPath, const QString &name, const QString &relativeDirectory) const;
     LWDocument::Ptr folderNode(const QString &fullPath, const QString &name, const QString &relativeDirectory);
+    LWDocument::Ptr childNode(const QString &folderPath, const LWFolderEntry &entry,
+                              const QString &relativeDirectory);
     void loadChildren(LWDocument &folder, const QString &folderPath);
     bool isFiltered(const QString &name) const;
 

@@ -1,6 +1,7 @@
 #include "app/ui/LWMainWindow.h"
 
 #include "app/ui/DocumentTabs.h"
+#include "app/ui/OutlineFolderRefresh.h"
 #include "app/ui/WorkspaceOutline.h"
 
 #include <QCloseEvent>
@@ -37,6 +38,7 @@ LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *p
 {
     setWindowTitle(QStringLiteral("Larkwood"));
     workspaceOutline = new WorkspaceOutline(this);
+    new OutlineFolderRefresh(workspaceOutline);
     verticalSplit = new QSplitter(Qt::Vertical, this);
     verticalSplit->addWidget(buildEditorArea());
     verticalSplit->addWidget(buildUtilityPane(utilityView));
