@@ -48,8 +48,11 @@ public:
     }
 
     // Types once the editor shows its caret, as a person waits to see it.
+    // The window is made active first, as the desktop does when a question
+    // in front of it has gone.
     bool typeKeys(const QString &text)
     {
+        activate();
         for (int waited = 0; page(QStringLiteral("String(document.hasFocus() && lw.editor.isFocused())"))
                              != QLatin1String("true");
              waited += 50) {
