@@ -66,26 +66,43 @@ void LWFileMenuController::addLooseFile(const LWDocument::Ptr &document)
 
 void LWFileMenuController::openAction()
 {
+    chooseAndOpen(true, true);
+}
+
+void LWFileMenuController::openFolderAction()
+{
+    chooseAndOpen(false, true);
+}
+
+void LWFileMenuController::chooseAndOpen(bool files, bool folders)
+{
     LWShell *shell = LWShell::instance();
     if (!shell)
         return;
-    LWDocumentManager *owner = &manager;
-    shell->showOpenDialog(true, true, {}, [owner](const QString &path) {
-        if (LWShell *shell = LWShell::instance())
+    shell->showOpenDialog(files, folders, {}, [this](const QString &path) { openPaths({path}); });
+}
+
+// Each path is imported on a background thread; a file is then selected,
+// which opens it, and a folder is expanded in the sidebar.
+void LWFileMenuController::openPaths(const QStringList &paths)
+{
+    if (LWShell *shell = LWShell::instance()) {
+        for (const QString &path : paths)
             shell->noteRecentDocument(path);
-        LWImportTask::start({path}, owner, nullptr,
-                            [owner](qsizetype, const QString &path, const LWDocument::Ptr &node) {
-                                const LWDocument::Ptr adopted = owner->documentTree().adoptImported(path, node);
-                                LWShell *shell = LWShell::instance();
-                                if (!shell)
-                                    return;
-                                shell->reloadOutline();
-                                if (adopted && adopted->isFile())
-                                    shell->selectInOutline(adopted);
-                                else if (adopted && adopted->isGroup())
-                                    shell->expandInOutline(adopted, false);
-                            });
-    });
+    }
+    LWDocumentManager *owner = &manager;
+    LWImportTask::start(paths, owner, nullptr,
+                        [owner](qsizetype, const QString &path, const LWDocument::Ptr &node) {
+                            const LWDocument::Ptr adopted = owner->documentTree().adoptImported(path, node);
+                            LWShell *shell = LWShell::instance();
+                            if (!shell)
+                                return;
+                            shell->reloadOutline();
+                            if (adopted && adopted->isFile())
+                                shell->selectInOutline(adopted);
+                            else if (adopted && adopted->isGroup())
+                                shell->expandInOutline(adopted, false);
+                        });
 }
 
 void LWFileMenuController::openInNewTab()

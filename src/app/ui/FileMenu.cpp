@@ -90,6 +90,7 @@ void build(QMenuBar *bar, const Controller &controller, const LWEnvironment *env
         fillTemplates(templates, controller, environment);
     addItems(menu, controller,
              {{"Open...", "openAction", "Ctrl+O", &LWFileMenuController::openAction},
+              {"Open Folder...", "openFolderAction", "Ctrl+Shift+O", &LWFileMenuController::openFolderAction},
               {"Open in New Tab", "openInNewTab", "", &LWFileMenuController::openInNewTab},
               {"--", "", "", nullptr},
               {"Save", "saveAction", "Ctrl+S", &LWFileMenuController::saveAction},

@@ -80,7 +80,14 @@ void LWAppDelegate::buildWindow()
             [this] { pluginsController->executePluginAction(); });
     connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::openFromOutline);
     connect(mainWindow.get(), &LWMainWindow::closeRequested, this, &LWAppDelegate::windowCloseRequested);
+    connect(mainWindow.get(), &LWMainWindow::pathsDropped, this, [this](const QStringList &paths) {
+        if (fileMenu)
+            fileMenu->openPaths(paths);
+        else
+            qInfo("Dropped paths ignored: the workspace is not up yet");
+    });
     connect(mainWindow->tabs(), &DocumentTabs::documentChosen, this, [this](const LWDocument::Ptr &document) {
+        mainWindow->outline()->select(document);
         switchTo(document);
         editorPage->view()->setFocus();
     });
@@ -136,6 +143,8 @@ void LWAppDelegate::switchTo(const std::shared_ptr<LWDocument> &document)
 
 void LWAppDelegate::openFromOutline(const std::shared_ptr<LWDocument> &document)
 {
-    switchTo(document);
+    // The tab first: a switch asked for while this one waits on the page
+    // runs after it, and its tab must be the one left selected.
     mainWindow->tabs()->showDocument(document);
+    switchTo(document);
 }

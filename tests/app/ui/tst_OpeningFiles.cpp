@@ -1,0 +1,152 @@
+#include "app/ui/DocumentTabs.h"
+#include "app/ui/LWAppDelegate.h"
+#include "app/ui/LWMainWindow.h"
+#include "app/ui/WorkspaceOutline.h"
+#include "documents/LWDocumentManager.h"
+#include "documents/LWDocumentTree.h"
+#include "support/WebTestMain.h"
+
+#include <QDir>
+#include <QDropEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+// Opening files and folders in the real window on the real editor page:
+// the files named on the command line, and the ways the user asks for more.
+class TestOpeningFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void commandLineFilesOpenInOrderWithTheLastShown();
+    void openFolderAddsTheFolder();
+    void droppedFilesAndFoldersOpen();
+
+private:
+    QString page(const QString &script) { return delegate->evaluateInEditor(script); }
+    LWDocument::Ptr current() const { return delegate->documentManager()->currentDocument(); }
+    QString write(const QString &name, const QByteArray &content);
+    QString makeFolder(const QString &name);
+    bool workspaceHasFolder(const QString &path) const;
+    // The tab, the outline row and the editor all show the current document.
+    void verifyShownEverywhere(const QString &label, const QString &text);
+
+    QTemporaryDir folder;
+    std::unique_ptr<LWAppDelegate> delegate;
+};
+
+QString TestOpeningFiles::write(const QString &name, const QByteArray &content)
+{
+    const QString path = folder.filePath(name);
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(content);
+    return path;
+}
+
+void TestOpeningFiles::initTestCase()
+{
+    const QStringList paths{write(QStringLiteral("one.txt"), "first file"),
+                            write(QStringLiteral("two.txt"), "second file"),
+                            write(QStringLiteral("three.txt"), "third file")};
+    delegate = std::make_unique<LWAppDelegate>(paths);
+    delegate->window()->resize(1000, 700);
+    delegate->window()->show();
+    QSignalSpy ready(delegate.get(), &LWAppDelegate::editorReady);
+    QVERIFY(ready.wait(60000));
+}
+
+void TestOpeningFiles::cleanupTestCase()
+{
+    delegate.reset();
+}
+
+void TestOpeningFiles::verifyShownEverywhere(const QString &label, const QString &text)
+{
+    QTRY_VERIFY_WITH_TIMEOUT(current() && current()->label() == label, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("lw.editor.getValue()")), text, 20000);
+    DocumentTabs *tabs = delegate->window()->tabs();
+    QCOMPARE(tabs->tabText(tabs->currentIndex()), label);
+    QCOMPARE(delegate->window()->outline()->selected(), current());
+}
+
+void TestOpeningFiles::commandLineFilesOpenInOrderWithTheLastShown()
+{
+    const LWDocument::Ptr files = delegate->documentManager()->documentTree().filesGroup();
+    QTRY_COMPARE_WITH_TIMEOUT(static_cast<int>(files->children().size()), 3, 20000);
+    verifyShownEverywhere(QStringLiteral("three.txt"), QStringLiteral("third file"));
+    // Late queued events must not move the editor away from the selected tab.
+    QTest::qWait(500);
+    verifyShownEverywhere(QStringLiteral("three.txt"), QStringLiteral("third file"));
+    DocumentTabs *tabs = delegate->window()->tabs();
+    QStringList labels;
+    for (int index = 0; index < tabs->count(); ++index)
+        labels << tabs->tabText(index);
+    QCOMPARE(labels, (QStringList{QStringLiteral("one.txt"), QStringLiteral("two.txt"), QStringLiteral("three.txt")}));
+    // Each tab shows its own document.
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(0).center());
+    verifyShownEverywhere(QStringLiteral("one.txt"), QStringLiteral("first file"));
+}
+
+QString TestOpeningFiles::makeFolder(const QString &name)
+{
+    QDir(folder.path()).mkpath(name + QStringLiteral("/inner"));
+    write(name + QStringLiteral("/inner/notes.txt"), "notes");
+    return folder.filePath(name);
+}
+
+bool TestOpeningFiles::workspaceHasFolder(const QString &path) const
+{
+    const LWDocument::List &groups = delegate->documentManager()->documentTree().groups();
+    return std::any_of(groups.begin(), groups.end(),
+                       [&](const LWDocument::Ptr &group) { return group->fullPath() == path; });
+}
+
+void TestOpeningFiles::openFolderAddsTheFolder()
+{
+    const QString chosen = makeFolder(QStringLiteral("project"));
+    auto *item = delegate->window()->findChild<QAction *>(QStringLiteral("openFolderAction"));
+    QVERIFY(item);
+    QCOMPARE(item->shortcut(), QKeySequence(QStringLiteral("Ctrl+Shift+O")));
+    item->trigger();
+    QFileDialog *dialog = nullptr;
+    QTRY_VERIFY((dialog = delegate->window()->findChild<QFileDialog *>()) && dialog->isVisible());
+    QCOMPARE(dialog->fileMode(), QFileDialog::Directory);
+    dialog->setDirectory(chosen);
+    dialog->selectFile(chosen);
+    static_cast<QDialog *>(dialog)->accept();
+    QTRY_VERIFY_WITH_TIMEOUT(workspaceHasFolder(chosen), 20000);
+}
+
+void TestOpeningFiles::droppedFilesAndFoldersOpen()
+{
+    const QString droppedFolder = makeFolder(QStringLiteral("dropped"));
+    const QString droppedFile = write(QStringLiteral("dropped.txt"), "dropped text");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(droppedFolder), QUrl::fromLocalFile(droppedFile)});
+    QWidget *window = delegate->window();
+    const QPoint middle = window->rect().center();
+    QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window, &drop);
+    QVERIFY(drop.isAccepted());
+    QTRY_VERIFY_WITH_TIMEOUT(workspaceHasFolder(droppedFolder), 20000);
+    verifyShownEverywhere(QStringLiteral("dropped.txt"), QStringLiteral("dropped text"));
+
+    QMimeData remote;
+    remote.setUrls({QUrl(QStringLiteral("https://example.org/page.html"))});
+    QDragEnterEvent refused(middle, Qt::CopyAction, &remote, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window, &refused);
+    QVERIFY(!refused.isAccepted());
+}
+
+LW_WEB_TEST_MAIN(TestOpeningFiles)
+#include "tst_OpeningFiles.moc"
