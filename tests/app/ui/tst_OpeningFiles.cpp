@@ -127,7 +127,8 @@ void TestOpeningFiles::openFolderAddsTheFolder()
 void TestOpeningFiles::droppedFilesAndFoldersOpen()
 {
     const QString droppedFolder = makeFolder(QStringLiteral("dropped"));
-    const QString droppedFile = write(QStringLiteral("dropped.txt"), "dropped text");
+    // Latin-1 text while UTF-8 is preferred: shown as text, not as hexadecimal.
+    const QString droppedFile = write(QStringLiteral("dropped.txt"), "caf\xe9 dropped");
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(droppedFolder), QUrl::fromLocalFile(droppedFile)});
     QWidget *window = delegate->window();
@@ -139,7 +140,8 @@ void TestOpeningFiles::droppedFilesAndFoldersOpen()
     QApplication::sendEvent(window, &drop);
     QVERIFY(drop.isAccepted());
     QTRY_VERIFY_WITH_TIMEOUT(workspaceHasFolder(droppedFolder), 20000);
-    verifyShownEverywhere(QStringLiteral("dropped.txt"), QStringLiteral("dropped text"));
+    verifyShownEverywhere(QStringLiteral("dropped.txt"), QStringLiteral("café dropped"));
+    QVERIFY(!current()->readOnly());
 
     QMimeData remote;
     remote.setUrls({QUrl(QStringLiteral("https://example.org/page.html"))});
