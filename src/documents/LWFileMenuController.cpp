@@ -3,7 +3,9 @@
 #include "app/LWShell.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWImportTask.h"
+#include "documents/LWRecentDocuments.h"
 
+#include <QFileInfo>
 #include <QtDebug>
 
 namespace {
@@ -103,6 +105,29 @@ void LWFileMenuController::openPaths(const QStringList &paths)
                             else if (adopted && adopted->isGroup())
                                 shell->expandInOutline(adopted, false);
                         });
+}
+
+// A recent path already in the workspace is shown; one that is gone is
+// dropped from the list, and the user is told.
+void LWFileMenuController::openRecent(const QString &path)
+{
+    LWShell *shell = LWShell::instance();
+    if (!QFileInfo::exists(path)) {
+        qWarning("Recent document %s no longer exists; removed from the list", qPrintable(path));
+        LWRecentDocuments::forget(path);
+        if (shell)
+            shell->showAlert(QStringLiteral("“%1” cannot be opened").arg(QFileInfo(path).fileName()),
+                             QStringLiteral("It no longer exists at %1, so it was removed from Open Recent.").arg(path));
+        return;
+    }
+    const LWDocument::Ptr open = manager.documentTree().documentWithFullPath(path);
+    if (!open) {
+        openPaths({path});
+        return;
+    }
+    LWRecentDocuments::note(path);
+    if (shell && open->isFile())
+        shell->selectInOutline(open);
 }
 
 void LWFileMenuController::openInNewTab()

@@ -9,9 +9,9 @@
 class LWDocumentManager;
 
 // The File menu: new, new from template, open (a file or a folder), open in new tab, save, save
-// as and print, acting on the application's document manager. Open recent,
-// close and close all exist only so that their menu items have targets:
-// documents are closed from the tab bar.
+// as and print, acting on the application's document manager. Close and
+// close all exist only so that their menu items have targets: documents are
+// closed from the tab bar.
 class LWFileMenuController
 {
 public:
@@ -25,7 +25,8 @@ public:
     // Imports files and folders (dropped on the window or chosen) into the workspace.
     void openPaths(const QStringList &paths);
     void openInNewTab();
-    void openRecentAction() {}
+    // Opens a path from Open Recent.
+    void openRecent(const QString &path);
     void closeAction() {}
     void closeAllAction() {}
     void saveAction();

@@ -120,6 +120,8 @@ void LWAppDelegate::postProcess()
 void LWAppDelegate::buildWorkspace()
 {
     const QStringList paths = startupPaths();
+    for (const QString &handedOver : launchPaths)
+        noteRecentDocument(handedOver);
     documents = paths.isEmpty() ? LWDocumentManager::newWithUntitled() : LWDocumentManager::newWithPaths(paths);
     LWDocumentManager::setShared(documents.get());
     fileMenu = std::make_unique<LWFileMenuController>(*documents);

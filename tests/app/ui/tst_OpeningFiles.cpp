@@ -1,15 +1,20 @@
+#include "app/LWDefaults.h"
 #include "app/ui/DocumentTabs.h"
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
+#include "documents/LWRecentDocuments.h"
 #include "support/WebTestMain.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QMenu>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -27,6 +32,7 @@ private slots:
     void commandLineFilesOpenInOrderWithTheLastShown();
     void openFolderAddsTheFolder();
     void droppedFilesAndFoldersOpen();
+    void openRecentOpensForgetsAndClears();
 
 private:
     QString page(const QString &script) { return delegate->evaluateInEditor(script); }
@@ -34,6 +40,9 @@ private:
     QString write(const QString &name, const QByteArray &content);
     QString makeFolder(const QString &name);
     bool workspaceHasFolder(const QString &path) const;
+    // The Open Recent submenu's item titles, as the user sees them when it opens.
+    QStringList recentTitles();
+    QAction *recentItem(const QString &title);
     // The tab, the outline row and the editor all show the current document.
     void verifyShownEverywhere(const QString &label, const QString &text);
 
@@ -148,6 +157,62 @@ void TestOpeningFiles::droppedFilesAndFoldersOpen()
     QDragEnterEvent refused(middle, Qt::CopyAction, &remote, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window, &refused);
     QVERIFY(!refused.isAccepted());
+}
+
+QStringList TestOpeningFiles::recentTitles()
+{
+    auto *recents = delegate->window()->findChild<QMenu *>(QStringLiteral("recentsMenu"));
+    if (!recents)
+        return {};
+    emit recents->aboutToShow();
+    QStringList titles;
+    for (QAction *item : recents->actions())
+        titles << item->text();
+    return titles;
+}
+
+QAction *TestOpeningFiles::recentItem(const QString &title)
+{
+    recentTitles();
+    for (QAction *item : delegate->window()->findChild<QMenu *>(QStringLiteral("recentsMenu"))->actions()) {
+        if (item->text() == title)
+            return item;
+    }
+    return nullptr;
+}
+
+void TestOpeningFiles::openRecentOpensForgetsAndClears()
+{
+    // Newest first: what the earlier cases opened, the command line's files last.
+    const QStringList titles = recentTitles();
+    QCOMPARE(titles.mid(0, 3), (QStringList{folder.filePath(QStringLiteral("dropped.txt")),
+                                            folder.filePath(QStringLiteral("dropped")),
+                                            folder.filePath(QStringLiteral("project"))}));
+    QCOMPARE(titles.at(titles.size() - 3), folder.filePath(QStringLiteral("one.txt")));
+    QCOMPARE(titles.last(), QStringLiteral("Clear Menu"));
+
+    const QString earlier = write(QStringLiteral("earlier.txt"), "from an earlier run");
+    const QString gone = folder.filePath(QStringLiteral("gone.txt"));
+    LWRecentDocuments::note(gone);
+    LWRecentDocuments::note(earlier);
+    QAction *item = recentItem(earlier);
+    QVERIFY(item);
+    item->trigger();
+    verifyShownEverywhere(QStringLiteral("earlier.txt"), QStringLiteral("from an earlier run"));
+
+    item = recentItem(gone);
+    QVERIFY(item);
+    item->trigger();
+    QMessageBox *box = nullptr;
+    QTRY_VERIFY((box = delegate->window()->findChild<QMessageBox *>()) && box->isVisible());
+    QVERIFY(box->informativeText().contains(gone));
+    box->buttons().first()->click();
+    QVERIFY(!recentTitles().contains(gone));
+    QVERIFY(!LWDefaults::shared()->arrayForKey(QStringLiteral("LW_RecentDocuments")).contains(gone));
+
+    recentItem(QStringLiteral("Clear Menu"))->trigger();
+    QCOMPARE(recentTitles(), (QStringList{QString(), QStringLiteral("Clear Menu")}));
+    QVERIFY(LWDefaults::shared()->arrayForKey(QStringLiteral("LW_RecentDocuments")).isEmpty());
 }
 
 LW_WEB_TEST_MAIN(TestOpeningFiles)
