@@ -107,8 +107,14 @@ LWDocument::Ptr LWDocument::makeInFolder(const Ptr &parent, const QString &label
     node->kind = kind;
     node->pathValue = LWPathText::appendingComponent(parent->pathValue, parent->labelValue);
     node->fullPathValue = LWPathText::appendingComponent(parent->fullPathValue, label);
-    node->updateIcon(kind == Folder ? LWDocumentIcons::folder() : LWDocumentIcons::regularFile());
+    node->updateIcon(node->iconOfKind());
     return node;
+}
+
+// Folders and top-level folder groups show the folder icon, files the file icon.
+QImage LWDocument::iconOfKind() const
+{
+    return isFile() ? LWDocumentIcons::regularFile() : LWDocumentIcons::folder();
 }
 
 LWDocument::Ptr LWDocument::emptyFileInExistingDocument(const Ptr &parent)
@@ -346,7 +352,7 @@ void LWDocument::renameWithLabel(const QString &label)
             LWPathText::deletingLastComponent(oldFullPath), label);
         updatePath(newFullPath);
         FileManager::renameAs(oldFullPath, newFullPath);
-        updateIcon(LWDocumentIcons::regularFile());
+        updateIcon(iconOfKind());
         pathValue = keptPath;
     }
     if (isFile())

@@ -93,6 +93,8 @@ public:
     void updatePath(const QString &fullPath);
     void updateIcon(const QImage &image);
     QImage getIcon() const;
+    // The icon every node of this kind has on disk.
+    QImage iconOfKind() const;
 
     // Content, saving and renaming. Saving answers whether the file now
     // holds the text: a failed save shows an alert naming the file and the

@@ -1,5 +1,6 @@
 #include "app/LWDefaults.h"
 #include "documents/LWDocument.h"
+#include "documents/LWDocumentIcons.h"
 #include "documents/LWDocumentArchive.h"
 #include "documents/LWDocumentManager.h"
 #include "editor/TextOffers.h"
@@ -250,6 +251,13 @@ void tst_LWDocument::renamingOnDiskKeepsThePath()
     QCOMPARE(file->specName(), QStringLiteral("Python"));
     QCOMPARE(DocumentFixtures::read(file->fullPath()), QByteArray("kept"));
     QVERIFY(!QFile::exists(fixtures->path("proj/src/old.txt")));
+    QCOMPARE(file->icon(), LWDocumentIcons::regularFile());
+
+    // A renamed folder keeps the folder icon.
+    LWDocument::Ptr folder = group->childWithLabel(QStringLiteral("src"));
+    folder->renameWithLabel(QStringLiteral("sources"));
+    QVERIFY(QFileInfo(fixtures->path("proj/sources")).isDir());
+    QCOMPARE(folder->icon(), LWDocumentIcons::folder());
 }
 
 void tst_LWDocument::jsonFormsAndCopy()
