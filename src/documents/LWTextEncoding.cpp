@@ -154,6 +154,15 @@ quint64 markedEncoding(const QByteArray &bytes)
     return 0;
 }
 
+bool mayHoldNulBytes(const QByteArray &start, quint64 preferred)
+{
+    const auto wide = [](quint64 encoding) {
+        const auto qt = isBuiltIn(encoding) ? qtEncoding(encoding) : std::nullopt;
+        return qt && *qt != QStringConverter::Utf8 && *qt != QStringConverter::Latin1;
+    };
+    return wide(markedEncoding(start)) || wide(preferred);
+}
+
 QList<quint64> readingOrder(const QByteArray &bytes, quint64 preferred)
 {
     QList<quint64> order;

@@ -25,6 +25,10 @@ bool isSupported(quint64 encoding);
 // byte-order mark, else 0.
 quint64 markedEncoding(const QByteArray &bytes);
 
+// Whether text that begins with these bytes may hold NUL bytes: UTF-16 or
+// UTF-32 by its mark or by the preferred encoding.
+bool mayHoldNulBytes(const QByteArray &start, quint64 preferred);
+
 // The encodings to try, in order, for a file's bytes: the one its mark names,
 // the preferred one, UTF-8, and Latin-1 (which takes any bytes) unless NUL
 // bytes show binary content.

@@ -33,6 +33,7 @@ private slots:
     void openFolderAddsTheFolder();
     void droppedFilesAndFoldersOpen();
     void openRecentOpensForgetsAndClears();
+    void largeFileIsReadOnlyWhenAskedAndBinaryShowsItsStart();
 
 private:
     QString page(const QString &script) { return delegate->evaluateInEditor(script); }
@@ -43,6 +44,9 @@ private:
     // The Open Recent submenu's item titles, as the user sees them when it opens.
     QStringList recentTitles();
     QAction *recentItem(const QString &title);
+    void drop(const QStringList &paths);
+    // Waits for the window's message whose title contains the words, and presses the button.
+    void answer(const QString &titleWords, const QString &button);
     // The tab, the outline row and the editor all show the current document.
     void verifyShownEverywhere(const QString &label, const QString &text);
 
@@ -133,25 +137,49 @@ void TestOpeningFiles::openFolderAddsTheFolder()
     QTRY_VERIFY_WITH_TIMEOUT(workspaceHasFolder(chosen), 20000);
 }
 
-void TestOpeningFiles::droppedFilesAndFoldersOpen()
+void TestOpeningFiles::drop(const QStringList &paths)
 {
-    const QString droppedFolder = makeFolder(QStringLiteral("dropped"));
-    // Latin-1 text while UTF-8 is preferred: shown as text, not as hexadecimal.
-    const QString droppedFile = write(QStringLiteral("dropped.txt"), "caf\xe9 dropped");
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(droppedFolder), QUrl::fromLocalFile(droppedFile)});
+    QList<QUrl> urls;
+    for (const QString &path : paths)
+        urls << QUrl::fromLocalFile(path);
+    data.setUrls(urls);
     QWidget *window = delegate->window();
     const QPoint middle = window->rect().center();
     QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window, &enter);
     QVERIFY(enter.isAccepted());
-    QDropEvent drop(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window, &drop);
-    QVERIFY(drop.isAccepted());
+    QDropEvent dropped(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window, &dropped);
+    QVERIFY(dropped.isAccepted());
+}
+
+void TestOpeningFiles::answer(const QString &titleWords, const QString &button)
+{
+    QMessageBox *box = nullptr;
+    QTRY_VERIFY_WITH_TIMEOUT((box = delegate->window()->findChild<QMessageBox *>()) && box->isVisible()
+                                 && box->text().contains(titleWords),
+                             20000);
+    const QList<QAbstractButton *> buttons = box->buttons();
+    const auto pressed = std::find_if(buttons.begin(), buttons.end(),
+                                      [&](QAbstractButton *candidate) { return candidate->text() == button; });
+    QVERIFY2(pressed != buttons.end(), qPrintable(button));
+    (*pressed)->click();
+    QTRY_VERIFY(!box->isVisible());
+}
+
+void TestOpeningFiles::droppedFilesAndFoldersOpen()
+{
+    const QString droppedFolder = makeFolder(QStringLiteral("dropped"));
+    // Latin-1 text while UTF-8 is preferred: shown as text, not as hexadecimal.
+    const QString droppedFile = write(QStringLiteral("dropped.txt"), "caf\xe9 dropped");
+    drop({droppedFolder, droppedFile});
     QTRY_VERIFY_WITH_TIMEOUT(workspaceHasFolder(droppedFolder), 20000);
     verifyShownEverywhere(QStringLiteral("dropped.txt"), QStringLiteral("café dropped"));
     QVERIFY(!current()->readOnly());
 
+    QWidget *window = delegate->window();
+    const QPoint middle = window->rect().center();
     QMimeData remote;
     remote.setUrls({QUrl(QStringLiteral("https://example.org/page.html"))});
     QDragEnterEvent refused(middle, Qt::CopyAction, &remote, Qt::LeftButton, Qt::NoModifier);
@@ -203,16 +231,34 @@ void TestOpeningFiles::openRecentOpensForgetsAndClears()
     item = recentItem(gone);
     QVERIFY(item);
     item->trigger();
-    QMessageBox *box = nullptr;
-    QTRY_VERIFY((box = delegate->window()->findChild<QMessageBox *>()) && box->isVisible());
-    QVERIFY(box->informativeText().contains(gone));
-    box->buttons().first()->click();
+    answer(QStringLiteral("cannot be opened"), QStringLiteral("OK"));
     QVERIFY(!recentTitles().contains(gone));
     QVERIFY(!LWDefaults::shared()->arrayForKey(QStringLiteral("LW_RecentDocuments")).contains(gone));
 
     recentItem(QStringLiteral("Clear Menu"))->trigger();
     QCOMPARE(recentTitles(), (QStringList{QString(), QStringLiteral("Clear Menu")}));
     QVERIFY(LWDefaults::shared()->arrayForKey(QStringLiteral("LW_RecentDocuments")).isEmpty());
+}
+
+void TestOpeningFiles::largeFileIsReadOnlyWhenAskedAndBinaryShowsItsStart()
+{
+    // A sparse gigabyte of NUL bytes: nothing is read before the user agrees,
+    // and then only the start of the binary content.
+    const QString path = folder.filePath(QStringLiteral("huge.bin"));
+    QFile huge(path);
+    QVERIFY(huge.open(QIODevice::WriteOnly));
+    QVERIFY(huge.resize(qint64(1) << 30));
+    huge.close();
+    drop({path});
+    QTRY_VERIFY_WITH_TIMEOUT(current() && current()->label() == QLatin1String("huge.bin"), 20000);
+    QVERIFY(current()->getContent().contains(QLatin1String("was not read")));
+    answer(QStringLiteral("large file"), QStringLiteral("Open Anyway"));
+    answer(QStringLiteral("Only part"), QStringLiteral("OK"));
+    const QString shown = current()->getContent();
+    QVERIFY(shown.startsWith(QLatin1String("00000000 00000000 ")));
+    QVERIFY(shown.size() < 3 * 1024 * 1024);
+    QVERIFY(current()->readOnly());
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String(lw.editor.getValue().length)")), QString::number(shown.size()), 20000);
 }
 
 LW_WEB_TEST_MAIN(TestOpeningFiles)
