@@ -19,7 +19,6 @@ void TestCommandLine::helpAndVersionNeedNoDisplay_data()
     QTest::addColumn<QString>("argument");
     QTest::addColumn<QString>("expected");
     QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("^Usage: larkwood .*--version.*paths");
-    QTest::newRow("short help") << QStringLiteral("-h") << QStringLiteral("^Usage: larkwood ");
     QTest::newRow("version") << QStringLiteral("--version")
                              << QStringLiteral("^Larkwood \\d+\\.\\d+\\.\\d+ \\(build \\d+\\)\\n$");
     QTest::newRow("version after a path") << QStringLiteral("--version") << QStringLiteral("^Larkwood \\d");
