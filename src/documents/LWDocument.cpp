@@ -8,6 +8,7 @@
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentState.h"
 #include "documents/LWFolderLoader.h"
+#include "documents/LWFileReading.h"
 #include "documents/LWHexRendering.h"
 #include "documents/LWPathText.h"
 #include "documents/LWSafeSave.h"
@@ -107,8 +108,14 @@ LWDocument::Ptr LWDocument::makeInFolder(const Ptr &parent, const QString &label
     node->kind = kind;
     node->pathValue = LWPathText::appendingComponent(parent->pathValue, parent->labelValue);
     node->fullPathValue = LWPathText::appendingComponent(parent->fullPathValue, label);
-    node->updateIcon(kind == Folder ? LWDocumentIcons::folder() : LWDocumentIcons::regularFile());
+    node->updateIcon(node->iconOfKind());
     return node;
+}
+
+// Folders and top-level folder groups show the folder icon, files the file icon.
+QImage LWDocument::iconOfKind() const
+{
+    return isFile() ? LWDocumentIcons::regularFile() : LWDocumentIcons::folder();
 }
 
 LWDocument::Ptr LWDocument::emptyFileInExistingDocument(const Ptr &parent)
@@ -249,21 +256,56 @@ QString LWDocument::getContent()
         isReadOnly = true;
         return *contentValue;
     }
-    QFile file(fullPathValue);
-    QByteArray bytes;
-    if (file.open(QIODevice::ReadOnly))
-        bytes = file.readAll();
-    else
-        qWarning().noquote() << QStringLiteral("Could not read %1: %2").arg(fullPathValue, file.errorString());
-    contentValue = file.error() == QFileDevice::NoError
-                       ? storedForm.read(bytes, LWTextEncoding::defaultEncoding())
-                       : std::nullopt;
+    const qint64 size = QFileInfo(fullPathValue).size();
+    if (size > LWFileReading::LargeFileLimit && !largeFileAccepted) {
+        askToOpenLargeFile(size);
+        contentValue = QStringLiteral("“%1” is %2 and was not read.").arg(labelValue, LWFileReading::sizeText(size));
+        isReadOnly = true;
+        updateSpecFromPath(fullPathValue);
+        return *contentValue;
+    }
+    const quint64 encoding = LWTextEncoding::defaultEncoding();
+    const LWFileReading::Result read = LWFileReading::read(fullPathValue, encoding);
+    contentValue = read.ok && !read.binary ? storedForm.read(read.bytes, encoding) : std::nullopt;
     if (!contentValue) {
-        contentValue = LWHexRendering::render(bytes);
+        contentValue = LWHexRendering::render(read.bytes);
         isReadOnly = true;
     }
+    if (read.truncated)
+        tellPreviewIsPartial(size);
     updateSpecFromPath(fullPathValue);
     return *contentValue;
+}
+
+// The file is read only once the user agrees; then the node is shown again.
+void LWDocument::askToOpenLargeFile(qint64 size)
+{
+    LWShell *shell = LWShell::instance();
+    qInfo("%s is %s; asking before reading it", qPrintable(fullPathValue), qPrintable(LWFileReading::sizeText(size)));
+    if (!shell)
+        return;
+    const std::weak_ptr<LWDocument> weak = weak_from_this();
+    shell->showChoice(QStringLiteral("“%1” is a large file").arg(labelValue),
+                      QStringLiteral("It is %1. Reading it may take a while and much memory.")
+                          .arg(LWFileReading::sizeText(size)),
+                      QStringLiteral("Open Anyway"), QStringLiteral("Cancel"), [weak](int answer) {
+                          const Ptr node = weak.lock();
+                          if (!node || answer != 1)
+                              return;
+                          node->largeFileAccepted = true;
+                          if (LWDocumentManager *manager = LWDocumentManager::shared())
+                              manager->reloadFromDisk(node);
+                      });
+}
+
+void LWDocument::tellPreviewIsPartial(qint64 size)
+{
+    const QString message = QStringLiteral("“%1” holds binary content; its first %2 of %3 are shown.")
+                                .arg(labelValue, LWFileReading::sizeText(LWFileReading::BinaryPreviewLimit),
+                                     LWFileReading::sizeText(size));
+    qInfo().noquote() << message;
+    if (LWShell *shell = LWShell::instance())
+        shell->showAlert(QStringLiteral("Only part of “%1” is shown").arg(labelValue), message);
 }
 
 void LWDocument::reloadFromDisk()
@@ -346,7 +388,7 @@ void LWDocument::renameWithLabel(const QString &label)
             LWPathText::deletingLastComponent(oldFullPath), label);
         updatePath(newFullPath);
         FileManager::renameAs(oldFullPath, newFullPath);
-        updateIcon(LWDocumentIcons::regularFile());
+        updateIcon(iconOfKind());
         pathValue = keptPath;
     }
     if (isFile())

@@ -93,6 +93,8 @@ public:
     void updatePath(const QString &fullPath);
     void updateIcon(const QImage &image);
     QImage getIcon() const;
+    // The icon every node of this kind has on disk.
+    QImage iconOfKind() const;
 
     // Content, saving and renaming. Saving answers whether the file now
     // holds the text: a failed save shows an alert naming the file and the
@@ -176,6 +178,8 @@ private:
     static Ptr makeFile(const QString &label, const std::optional<QString> &text);
     static Ptr makeInFolder(const Ptr &parent, const QString &label, quint64 kind);
     bool finishSave();
+    void askToOpenLargeFile(qint64 size);
+    void tellPreviewIsPartial(qint64 size);
     // Nothing when the file now holds the content, else why it does not.
     std::optional<QString> writeContent();
     void reportSaveFailure(const QString &reason) const;
@@ -198,6 +202,8 @@ private:
     QString contentTagValue;
     bool isSaved = true;
     bool isReadOnly = false;
+    // The user agreed to read this file although it is large.
+    bool largeFileAccepted = false;
     std::weak_ptr<LWDocument> parentNode;
     mutable std::unique_ptr<LWDocumentFilterCache> filterCache;
 };

@@ -10,6 +10,8 @@
 
 #include <QtDebug>
 
+#include <utility>
+
 namespace {
 
 LWDocumentManager *sharedManager = nullptr;
@@ -133,12 +135,28 @@ void LWDocumentManager::adoptImported(const QString &path, const LWDocument::Ptr
 
 // MARK: switching documents
 
+// Storing the outgoing state waits for the page's answer, and events queued
+// meanwhile (an outline reload selecting a row) can ask for another switch.
+// Such a request is kept and carried out once the running switch is done;
+// of several, the latest wins, since it names what the user sees last.
 void LWDocumentManager::switchToDoc(const LWDocument::Ptr &document)
 {
     if (!document) {
         qWarning("switchToDoc: no document to switch to");
         return;
     }
+    if (switching) {
+        queuedSwitch = document;
+        return;
+    }
+    switching = true;
+    for (LWDocument::Ptr next = document; next; next = std::exchange(queuedSwitch, nullptr))
+        showInEditor(next);
+    switching = false;
+}
+
+void LWDocumentManager::showInEditor(const LWDocument::Ptr &document)
+{
     LWShell *shell = LWShell::instance();
     if (shell)
         shell->setLoadingSpinnerVisible(false);

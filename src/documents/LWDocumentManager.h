@@ -49,7 +49,8 @@ public:
     void setCurrentDocument(const LWDocument::Ptr &document);
 
     // Moves the editor to the node, and the language pop-up and plugin menus
-    // to its specification.
+    // to its specification. Asked again while a switch runs, it switches
+    // once that one is done.
     void switchToDoc(const LWDocument::Ptr &document);
     // Reads the node's file again and shows the new text if it is in the editor.
     void reloadFromDisk(const LWDocument::Ptr &document);
@@ -65,11 +66,14 @@ signals:
 private:
     void importInBackground(const QStringList &paths);
     void adoptImported(const QString &path, const LWDocument::Ptr &node, bool isLast);
+    void showInEditor(const LWDocument::Ptr &document);
     void showSpecOf(const LWDocument &document);
     void storeOutgoingState();
     void loadIntoEditor(const LWDocument::Ptr &document);
 
     LWDocumentTree tree = LWDocumentTree::emptyTree();
     LWDocument::Ptr current;
+    bool switching = false;
+    LWDocument::Ptr queuedSwitch;
     std::unique_ptr<LWDocumentWatcher> watcher;
 };

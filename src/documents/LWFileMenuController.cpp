@@ -3,7 +3,9 @@
 #include "app/LWShell.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWImportTask.h"
+#include "documents/LWRecentDocuments.h"
 
+#include <QFileInfo>
 #include <QtDebug>
 
 namespace {
@@ -66,26 +68,66 @@ void LWFileMenuController::addLooseFile(const LWDocument::Ptr &document)
 
 void LWFileMenuController::openAction()
 {
+    chooseAndOpen(true, true);
+}
+
+void LWFileMenuController::openFolderAction()
+{
+    chooseAndOpen(false, true);
+}
+
+void LWFileMenuController::chooseAndOpen(bool files, bool folders)
+{
     LWShell *shell = LWShell::instance();
     if (!shell)
         return;
-    LWDocumentManager *owner = &manager;
-    shell->showOpenDialog(true, true, {}, [owner](const QString &path) {
-        if (LWShell *shell = LWShell::instance())
+    shell->showOpenDialog(files, folders, {}, [this](const QString &path) { openPaths({path}); });
+}
+
+// Each path is imported on a background thread; a file is then selected,
+// which opens it, and a folder is expanded in the sidebar.
+void LWFileMenuController::openPaths(const QStringList &paths)
+{
+    if (LWShell *shell = LWShell::instance()) {
+        for (const QString &path : paths)
             shell->noteRecentDocument(path);
-        LWImportTask::start({path}, owner, nullptr,
-                            [owner](qsizetype, const QString &path, const LWDocument::Ptr &node) {
-                                const LWDocument::Ptr adopted = owner->documentTree().adoptImported(path, node);
-                                LWShell *shell = LWShell::instance();
-                                if (!shell)
-                                    return;
-                                shell->reloadOutline();
-                                if (adopted && adopted->isFile())
-                                    shell->selectInOutline(adopted);
-                                else if (adopted && adopted->isGroup())
-                                    shell->expandInOutline(adopted, false);
-                            });
-    });
+    }
+    LWDocumentManager *owner = &manager;
+    LWImportTask::start(paths, owner, nullptr,
+                        [owner](qsizetype, const QString &path, const LWDocument::Ptr &node) {
+                            const LWDocument::Ptr adopted = owner->documentTree().adoptImported(path, node);
+                            LWShell *shell = LWShell::instance();
+                            if (!shell)
+                                return;
+                            shell->reloadOutline();
+                            if (adopted && adopted->isFile())
+                                shell->selectInOutline(adopted);
+                            else if (adopted && adopted->isGroup())
+                                shell->expandInOutline(adopted, false);
+                        });
+}
+
+// A recent path already in the workspace is shown; one that is gone is
+// dropped from the list, and the user is told.
+void LWFileMenuController::openRecent(const QString &path)
+{
+    LWShell *shell = LWShell::instance();
+    if (!QFileInfo::exists(path)) {
+        qWarning("Recent document %s no longer exists; removed from the list", qPrintable(path));
+        LWRecentDocuments::forget(path);
+        if (shell)
+            shell->showAlert(QStringLiteral("“%1” cannot be opened").arg(QFileInfo(path).fileName()),
+                             QStringLiteral("It no longer exists at %1, so it was removed from Open Recent.").arg(path));
+        return;
+    }
+    const LWDocument::Ptr open = manager.documentTree().documentWithFullPath(path);
+    if (!open) {
+        openPaths({path});
+        return;
+    }
+    LWRecentDocuments::note(path);
+    if (shell && open->isFile())
+        shell->selectInOutline(open);
 }
 
 void LWFileMenuController::openInNewTab()

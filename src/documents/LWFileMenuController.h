@@ -3,14 +3,15 @@
 #include "documents/LWDocument.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVariantMap>
 
 class LWDocumentManager;
 
-// The File menu: new, new from template, open, open in new tab, save, save
-// as and print, acting on the application's document manager. Open recent,
-// close and close all exist only so that their menu items have targets:
-// documents are closed from the tab bar.
+// The File menu: new, new from template, open (a file or a folder), open in new tab, save, save
+// as and print, acting on the application's document manager. Close and
+// close all exist only so that their menu items have targets: documents are
+// closed from the tab bar.
 class LWFileMenuController
 {
 public:
@@ -20,8 +21,12 @@ public:
     // The template record holds "filename" and "source".
     void newFromTemplateAction(const QVariantMap &templateRecord);
     void openAction();
+    void openFolderAction();
+    // Imports files and folders (dropped on the window or chosen) into the workspace.
+    void openPaths(const QStringList &paths);
     void openInNewTab();
-    void openRecentAction() {}
+    // Opens a path from Open Recent.
+    void openRecent(const QString &path);
     void closeAction() {}
     void closeAllAction() {}
     void saveAction();
@@ -32,6 +37,8 @@ public:
     bool validateMenuItem(const QString &action) const;
 
 private:
+    // Asks for a file or folder of the kinds allowed and opens it.
+    void chooseAndOpen(bool files, bool folders);
     void addLooseFile(const LWDocument::Ptr &document);
     void saveAndShow(const LWDocument::Ptr &document);
     void confirmReplacing(const LWDocument::Ptr &document);

@@ -1,5 +1,6 @@
 #include "app/LWDefaults.h"
 #include "documents/LWDocument.h"
+#include "documents/LWDocumentIcons.h"
 #include "documents/LWDocumentArchive.h"
 #include "documents/LWDocumentManager.h"
 #include "editor/TextOffers.h"
@@ -86,23 +87,25 @@ void tst_LWDocument::contentIsDecodedOnceOrShownAsHexadecimal()
     QCOMPARE(fileAt(fixtures->write("latin.txt", "caf\xe9"))->getContent(), QStringLiteral("café"));
     LWDefaults::shared()->setInteger(QStringLiteral("LW_DefaultEncoding"), 4);
 
-    QByteArray binary;
-    for (int value = 0x80; value < 0x80 + 40; ++value)
+    // High bytes alone are text in some encoding; NUL bytes make content binary.
+    QByteArray binary(1, '\0');
+    for (int value = 0x81; value < 0x80 + 40; ++value)
         binary.append(char(value));
     LWDocument::Ptr hex = fileAt(fixtures->write("blob.bin", binary));
     const QStringList lines = hex->getContent().split(QLatin1Char('\n'));
     QCOMPARE(lines.size(), 2);
-    QCOMPARE(lines[0], QStringLiteral("80818283 84858687 88898a8b 8c8d8e8f 90919293 94959697 98999a9b 9c9d9e9f "));
+    QCOMPARE(lines[0], QStringLiteral("00818283 84858687 88898a8b 8c8d8e8f 90919293 94959697 98999a9b 9c9d9e9f "));
     QCOMPARE(lines[1], QStringLiteral("a0a1a2a3 a4a5a6a7"));
     QVERIFY(hex->readOnly());
 }
 
 void tst_LWDocument::hexadecimalLinesHoldEightGroups()
 {
-    const QByteArray line(32, '\xff');
+    const QByteArray line = QByteArray(1, '\0') + QByteArray(31, '\xff');
     QCOMPARE(fileAt(fixtures->write("a.bin", line))->getContent().size(), 71);
     const QString twoLines = fileAt(fixtures->write("b.bin", line + "\xfe\xfd\xfc\xfb\xfa"))->getContent();
     QCOMPARE(twoLines.section(QLatin1Char('\n'), 1), QStringLiteral("fefdfcfb fa"));
+    QVERIFY(twoLines.startsWith(QLatin1String("00ffffff ")));
     QCOMPARE(twoLines.indexOf(QLatin1Char('\n')), 72);
 }
 
@@ -248,6 +251,13 @@ void tst_LWDocument::renamingOnDiskKeepsThePath()
     QCOMPARE(file->specName(), QStringLiteral("Python"));
     QCOMPARE(DocumentFixtures::read(file->fullPath()), QByteArray("kept"));
     QVERIFY(!QFile::exists(fixtures->path("proj/src/old.txt")));
+    QCOMPARE(file->icon(), LWDocumentIcons::regularFile());
+
+    // A renamed folder keeps the folder icon.
+    LWDocument::Ptr folder = group->childWithLabel(QStringLiteral("src"));
+    folder->renameWithLabel(QStringLiteral("sources"));
+    QVERIFY(QFileInfo(fixtures->path("proj/sources")).isDir());
+    QCOMPARE(folder->icon(), LWDocumentIcons::folder());
 }
 
 void tst_LWDocument::jsonFormsAndCopy()
@@ -477,15 +487,28 @@ void tst_LWDocument::unchangedTextIsWrittenBackAsRead_data()
     QTest::addColumn<qint64>("encoding");
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QByteArray>("afterAppendingX");
+    QTest::addColumn<QString>("shown"); // empty: not compared
     QTest::newRow("UTF-8 with mark") << qint64(4) << QByteArray("\xEF\xBB\xBFh\xC3\xA9")
-                                     << QByteArray("\xEF\xBB\xBFh\xC3\xA9x");
+                                     << QByteArray("\xEF\xBB\xBFh\xC3\xA9x") << QStringLiteral("hé");
     QTest::newRow("UTF-16 big-endian by its mark") << qint64(10) << QByteArray("\xFE\xFF\x00h\x00\xE9", 6)
-                                                   << QByteArray("\xFE\xFF\x00h\x00\xE9\x00x", 8);
+                                                   << QByteArray("\xFE\xFF\x00h\x00\xE9\x00x", 8)
+                                                   << QStringLiteral("hé");
     QTest::newRow("UTF-16 with a lone surrogate and a cut unit")
         << qint64(0x94000100) << QByteArray("\xFF\xFEh\x00\x00\xD8i\x00!", 9)
-        << QByteArray("\xFF\xFEh\x00\x00\xD8i\x00x\x00", 10);
+        << QByteArray("\xFF\xFEh\x00\x00\xD8i\x00x\x00", 10) << QString();
     QTest::newRow("UTF-32 past the last code point")
-        << qint64(0x9c000100) << QByteArray("h\x00\x00\x00\x00\x00\x11\x00", 8) << QByteArray();
+        << qint64(0x9c000100) << QByteArray("h\x00\x00\x00\x00\x00\x11\x00", 8) << QByteArray() << QString();
+    QTest::newRow("Windows-1252") << qint64(12) << QByteArray("\x93hi\x94 \x80") << QByteArray("\x93hi\x94 \x80x")
+                                  << QStringLiteral("“hi” €");
+    QTest::newRow("Shift_JIS") << qint64(8) << QByteArray("\x82\xa0") << QByteArray("\x82\xa0x") << QStringLiteral("あ");
+    QTest::newRow("GB18030") << qint64(0x80000632) << QByteArray("\xc4\xe3") << QByteArray("\xc4\xe3x")
+                             << QStringLiteral("你");
+    QTest::newRow("Latin-1 file while UTF-8 is preferred")
+        << qint64(4) << QByteArray("caf\xe9") << QByteArray("caf\xe9x") << QStringLiteral("café");
+    QTest::newRow("UTF-16 file by its mark while UTF-8 is preferred")
+        << qint64(4) << QByteArray("\xFF\xFEh\x00", 4) << QByteArray("\xFF\xFEh\x00x\x00", 6) << QStringLiteral("h");
+    QTest::newRow("unsupported number falls back to UTF-8")
+        << qint64(999) << QByteArray("h\xC3\xA9") << QByteArray("h\xC3\xA9x") << QStringLiteral("hé");
 }
 
 void tst_LWDocument::unchangedTextIsWrittenBackAsRead()
@@ -493,12 +516,15 @@ void tst_LWDocument::unchangedTextIsWrittenBackAsRead()
     QFETCH(qint64, encoding);
     QFETCH(QByteArray, bytes);
     QFETCH(QByteArray, afterAppendingX);
+    QFETCH(QString, shown);
     RecordingShell shell;
     LWDefaults::shared()->setInteger(QStringLiteral("LW_DefaultEncoding"), encoding);
     const QString path = fixtures->write("form.txt", bytes);
     LWDocument::Ptr file = fileAt(path);
     const QString text = file->getContent();
     QVERIFY(!file->readOnly());
+    if (!shown.isEmpty())
+        QCOMPARE(text, shown);
     QVERIFY(file->saveWithoutState());
     QCOMPARE(DocumentFixtures::read(path), bytes);
     if (afterAppendingX.isEmpty())

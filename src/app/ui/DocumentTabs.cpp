@@ -27,8 +27,18 @@ void DocumentTabs::showDocument(const LWDocument::Ptr &document)
 {
     const auto shown = std::find_if(documents.begin(), documents.end(),
                                     [&](const std::weak_ptr<LWDocument> &tab) { return tab.lock() == document; });
-    if (shown == documents.end())
-        addDocument(document);
-    else
+    if (shown != documents.end()) {
         setCurrentIndex(static_cast<int>(shown - documents.begin()));
+        return;
+    }
+    const auto gone = std::find_if(documents.begin(), documents.end(),
+                                   [](const std::weak_ptr<LWDocument> &tab) { return tab.expired(); });
+    if (gone == documents.end()) {
+        addDocument(document);
+        return;
+    }
+    *gone = document;
+    const int index = static_cast<int>(gone - documents.begin());
+    setTabText(index, document->label());
+    setCurrentIndex(index);
 }

@@ -17,8 +17,9 @@ public:
 
     // Adds a tab for the node and makes it the current one.
     void addDocument(const LWDocument::Ptr &document);
-    // Selects the node's tab, adding one when the node has none, so no
-    // other document's tab is ever taken over.
+    // Selects the node's tab. A node without one takes over a tab whose node
+    // is gone (such as the placeholder shown while the workspace is
+    // imported), else gets a new tab, so no open document's tab is taken over.
     void showDocument(const LWDocument::Ptr &document);
 
 signals:

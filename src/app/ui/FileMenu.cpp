@@ -1,6 +1,7 @@
 #include "app/ui/FileMenu.h"
 
 #include "documents/LWFileMenuController.h"
+#include "documents/LWRecentDocuments.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/MenuValidation.h"
 
@@ -69,6 +70,21 @@ void fillTemplates(QMenu *templates, const Controller &controller, const LWEnvir
     templates->setEnabled(!templates->isEmpty());
 }
 
+// The recent paths, newest first, then "Clear Menu"; rebuilt each time the
+// submenu opens, so it always shows the stored list.
+void fillRecents(QMenu *recents, const Controller &controller)
+{
+    recents->clear();
+    for (const QString &path : LWRecentDocuments::paths()) {
+        QAction *item = addItem(recents, path, QStringLiteral("openRecentItem"), QString());
+        QObject::connect(item, &QAction::triggered, recents, [controller, path] { controller().openRecent(path); });
+    }
+    recents->addSeparator();
+    QAction *clear = addItem(recents, QStringLiteral("Clear Menu"), QStringLiteral("clearRecentsAction"), QString());
+    clear->setEnabled(!LWRecentDocuments::paths().isEmpty());
+    QObject::connect(clear, &QAction::triggered, recents, [] { LWRecentDocuments::clear(); });
+}
+
 void validate(QMenu *menu, const Controller &controller)
 {
     MenuValidation::install(menu, [controller](QAction *item) {
@@ -90,7 +106,12 @@ void build(QMenuBar *bar, const Controller &controller, const LWEnvironment *env
         fillTemplates(templates, controller, environment);
     addItems(menu, controller,
              {{"Open...", "openAction", "Ctrl+O", &LWFileMenuController::openAction},
-              {"Open in New Tab", "openInNewTab", "", &LWFileMenuController::openInNewTab},
+              {"Open Folder...", "openFolderAction", "Ctrl+Shift+O", &LWFileMenuController::openFolderAction}});
+    QMenu *recents = menu->addMenu(QStringLiteral("Open Recent"));
+    recents->setObjectName(QStringLiteral("recentsMenu"));
+    QObject::connect(recents, &QMenu::aboutToShow, recents, [recents, controller] { fillRecents(recents, controller); });
+    addItems(menu, controller,
+             {{"Open in New Tab", "openInNewTab", "", &LWFileMenuController::openInNewTab},
               {"--", "", "", nullptr},
               {"Save", "saveAction", "Ctrl+S", &LWFileMenuController::saveAction},
               {"Save As...", "saveAsAction", "Ctrl+Shift+S", &LWFileMenuController::saveAsAction},

@@ -80,7 +80,14 @@ void LWAppDelegate::buildWindow()
             [this] { pluginsController->executePluginAction(); });
     connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::openFromOutline);
     connect(mainWindow.get(), &LWMainWindow::closeRequested, this, &LWAppDelegate::windowCloseRequested);
+    connect(mainWindow.get(), &LWMainWindow::pathsDropped, this, [this](const QStringList &paths) {
+        if (fileMenu)
+            fileMenu->openPaths(paths);
+        else
+            qInfo("Dropped paths ignored: the workspace is not up yet");
+    });
     connect(mainWindow->tabs(), &DocumentTabs::documentChosen, this, [this](const LWDocument::Ptr &document) {
+        mainWindow->outline()->select(document);
         switchTo(document);
         editorPage->view()->setFocus();
     });
@@ -113,6 +120,8 @@ void LWAppDelegate::postProcess()
 void LWAppDelegate::buildWorkspace()
 {
     const QStringList paths = startupPaths();
+    for (const QString &handedOver : launchPaths)
+        noteRecentDocument(handedOver);
     documents = paths.isEmpty() ? LWDocumentManager::newWithUntitled() : LWDocumentManager::newWithPaths(paths);
     LWDocumentManager::setShared(documents.get());
     fileMenu = std::make_unique<LWFileMenuController>(*documents);
@@ -136,6 +145,8 @@ void LWAppDelegate::switchTo(const std::shared_ptr<LWDocument> &document)
 
 void LWAppDelegate::openFromOutline(const std::shared_ptr<LWDocument> &document)
 {
-    switchTo(document);
+    // The tab first: a switch asked for while this one waits on the page
+    // runs after it, and its tab must be the one left selected.
     mainWindow->tabs()->showDocument(document);
+    switchTo(document);
 }

@@ -2,6 +2,8 @@
 // its pages and its dialogs.
 #include "app/ui/LWAppDelegate.h"
 
+#include "documents/LWRecentDocuments.h"
+
 #include "app/ui/Dialogs.h"
 #include "app/ui/EditorMenus.h"
 #include "app/ui/DocumentTabs.h"
@@ -263,7 +265,7 @@ void LWAppDelegate::setDocumentToSelect(const std::shared_ptr<LWDocument> &docum
 
 void LWAppDelegate::noteRecentDocument(const QString &path)
 {
-    qInfo("Opened %s", qPrintable(path));
+    LWRecentDocuments::note(path);
 }
 
 void LWAppDelegate::showOpenDialog(bool files, bool folders, const QStringList &fileTypes,

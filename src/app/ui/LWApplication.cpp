@@ -1,5 +1,7 @@
 #include "app/ui/LWApplication.h"
 
+#include "app/LWCommandLine.h"
+
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/WindowScreenshot.h"
@@ -9,6 +11,9 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+
+#include <cstdio>
+#include <optional>
 
 namespace LWApplication {
 
@@ -24,7 +29,6 @@ Options parse(const QApplication &app)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Larkwood, a text editor for programmers"));
-    parser.addHelpOption();
     parser.addOption({QStringLiteral("screenshot"),
                       QStringLiteral("Save a picture of the window once the editor is ready, then quit."),
                       QStringLiteral("png")});
@@ -37,10 +41,26 @@ Options parse(const QApplication &app)
     return {parser.value(QStringLiteral("screenshot")), paths};
 }
 
+// "--help" and "--version" are answered before the application object
+// exists, so they need no display.
+std::optional<int> answerWithoutWindow(int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int index = 0; index < argc; ++index)
+        arguments << QString::fromLocal8Bit(argv[index]);
+    const QString answer = LWCommandLine::answerFor(arguments);
+    if (answer.isEmpty())
+        return std::nullopt;
+    std::fputs(answer.toLocal8Bit().constData(), stdout);
+    return 0;
+}
+
 }
 
 int run(int argc, char *argv[])
 {
+    if (const std::optional<int> answered = answerWithoutWindow(argc, argv))
+        return *answered;
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     TextOfferSchemeHandler::registerScheme();
     QApplication app(argc, argv);

@@ -5,6 +5,9 @@
 #include "app/ui/WorkspaceOutline.h"
 
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QHBoxLayout>
 #include <QImage>
 #include <QLabel>
@@ -37,6 +40,7 @@ LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *p
     : QMainWindow(parent), editor(editorView)
 {
     setWindowTitle(QStringLiteral("Larkwood"));
+    setAcceptDrops(true);
     workspaceOutline = new WorkspaceOutline(this);
     new OutlineFolderRefresh(workspaceOutline);
     verticalSplit = new QSplitter(Qt::Vertical, this);
@@ -130,6 +134,37 @@ void LWMainWindow::closeEvent(QCloseEvent *event)
 {
     event->ignore();
     emit closeRequested();
+}
+
+namespace {
+
+QStringList localPaths(const QMimeData *data)
+{
+    QStringList paths;
+    if (!data)
+        return paths;
+    for (const QUrl &url : data->urls()) {
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    }
+    return paths;
+}
+
+}
+
+void LWMainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!localPaths(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void LWMainWindow::dropEvent(QDropEvent *event)
+{
+    const QStringList paths = localPaths(event->mimeData());
+    if (paths.isEmpty())
+        return;
+    event->acceptProposedAction();
+    emit pathsDropped(paths);
 }
 
 void LWMainWindow::setStatusMessage(const QString &message)

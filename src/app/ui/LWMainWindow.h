@@ -65,9 +65,13 @@ signals:
     void runRequested();
     // The close button was pressed; the window stays open, the application decides.
     void closeRequested();
+    // Local files or folders were dropped on the window.
+    void pathsDropped(const QStringList &paths);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     QWidget *buildEditorArea();
