@@ -41,6 +41,8 @@ LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *p
 {
     setWindowTitle(QStringLiteral("Larkwood"));
     setAcceptDrops(true);
+    catchFileDropsOn(editorView);
+    catchFileDropsOn(utilityView);
     workspaceOutline = new WorkspaceOutline(this);
     new OutlineFolderRefresh(workspaceOutline);
     verticalSplit = new QSplitter(Qt::Vertical, this);
@@ -165,6 +167,40 @@ void LWMainWindow::dropEvent(QDropEvent *event)
         return;
     event->acceptProposedAction();
     emit pathsDropped(paths);
+}
+
+void LWMainWindow::catchFileDropsOn(QWidget *view)
+{
+    view->installEventFilter(this);
+    for (QWidget *child : view->findChildren<QWidget *>())
+        child->installEventFilter(this);
+}
+
+bool LWMainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::ChildAdded:
+        // The web view puts its page's widget in only once the page exists.
+        if (auto *child = qobject_cast<QWidget *>(static_cast<QChildEvent *>(event)->child()))
+            child->installEventFilter(this);
+        break;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+        if (auto *drag = static_cast<QDragMoveEvent *>(event); !localPaths(drag->mimeData()).isEmpty()) {
+            drag->acceptProposedAction();
+            return true;
+        }
+        break;
+    case QEvent::Drop:
+        if (auto *drop = static_cast<QDropEvent *>(event); !localPaths(drop->mimeData()).isEmpty()) {
+            dropEvent(drop);
+            return true;
+        }
+        break;
+    default:
+        break;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void LWMainWindow::setStatusMessage(const QString &message)

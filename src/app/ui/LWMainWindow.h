@@ -72,8 +72,12 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    // Files dragged over the editor pages are taken here too, so a dropped
+    // file never replaces a page; other drags (text) go to the pages.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void catchFileDropsOn(QWidget *view);
     QWidget *buildEditorArea();
     QWidget *buildUtilityPane(QWidget *utilityView);
     void buildStatusBar();

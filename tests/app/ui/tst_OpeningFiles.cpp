@@ -6,6 +6,7 @@
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
 #include "documents/LWRecentDocuments.h"
+#include "editor/ui/LWWebViewController.h"
 #include "support/WebTestMain.h"
 
 #include <QAbstractButton>
@@ -18,6 +19,7 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QWebEngineView>
 #include <QtTest>
 
 // Opening files and folders in the real window on the real editor page:
@@ -144,14 +146,20 @@ void TestOpeningFiles::drop(const QStringList &paths)
     for (const QString &path : paths)
         urls << QUrl::fromLocalFile(path);
     data.setUrls(urls);
-    QWidget *window = delegate->window();
-    const QPoint middle = window->rect().center();
+    // Dropped where a user drops them: on the editor, whose page must not
+    // navigate to the file.
+    QWebEngineView *view = delegate->webView()->view();
+    QWidget *target = view->focusProxy() ? view->focusProxy() : view;
+    const QPoint middle = target->rect().center();
+    const QUrl pageBefore = view->url();
     QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window, &enter);
+    QApplication::sendEvent(target, &enter);
     QVERIFY(enter.isAccepted());
     QDropEvent dropped(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(window, &dropped);
+    QApplication::sendEvent(target, &dropped);
     QVERIFY(dropped.isAccepted());
+    QTest::qWait(200);
+    QCOMPARE(view->url(), pageBefore);
 }
 
 void TestOpeningFiles::answer(const QString &titleWords, const QString &button)
