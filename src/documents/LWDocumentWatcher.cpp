@@ -4,6 +4,7 @@
 #include "documents/LWDocumentManager.h"
 
 #include <QFileInfo>
+#include <QPointer>
 #include <QtDebug>
 
 #include <utility>
@@ -81,16 +82,17 @@ void LWDocumentWatcher::askKeepOrLoad(const LWDocument::Ptr &document)
         return;
     const LWDiskStamp seen = LWDiskStamp::of(document->fullPath());
     const std::weak_ptr<LWDocument> weak = document;
+    const QPointer<LWDocumentWatcher> self(this);
     shell->showChoice(QStringLiteral("“%1” changed on disk").arg(document->label()),
                       QStringLiteral("Another program changed the file while it has unsaved changes here. "
                                      "Keep your version, or load the file and lose your changes?"),
-                      QStringLiteral("Keep Mine"), QStringLiteral("Load Theirs"), [this, weak, seen](int keepMine) {
+                      QStringLiteral("Keep Mine"), QStringLiteral("Load Theirs"), [self, weak, seen](int keepMine) {
                           const LWDocument::Ptr document = weak.lock();
-                          if (!document)
+                          if (!document || !self)
                               return;
                           if (keepMine)
                               document->noteDiskStamp(seen);  // saving will not ask again
                           else
-                              manager.reloadFromDisk(document);
+                              self->manager.reloadFromDisk(document);
                       });
 }

@@ -20,6 +20,15 @@ struct Location
     QString specName;
 };
 
+// A failed save has told the user and left the node as it was.
+void saveAndShow(const LWDocument::Ptr &document)
+{
+    if (!document->save())
+        return;
+    if (LWShell *shell = LWShell::instance())
+        shell->reloadOutline();
+}
+
 Location locationOf(const LWDocument &document)
 {
     return {document.label(), document.path(), document.fullPath(), document.specName()};
@@ -154,15 +163,6 @@ void LWFileMenuController::saveAction()
     saveAndShow(document);
 }
 
-// A failed save has told the user and left the node as it was.
-void LWFileMenuController::saveAndShow(const LWDocument::Ptr &document)
-{
-    if (!document->save())
-        return;
-    if (LWShell *shell = LWShell::instance())
-        shell->reloadOutline();
-}
-
 // Another program wrote, replaced or removed the file since this node's text
 // was read from it: saving goes ahead only when the user says so.
 void LWFileMenuController::confirmReplacing(const LWDocument::Ptr &document)
@@ -177,7 +177,7 @@ void LWFileMenuController::confirmReplacing(const LWDocument::Ptr &document)
                                      : QStringLiteral("Saving replaces the file at %1 and its changes are lost.");
     const std::weak_ptr<LWDocument> weak = document;
     shell->showChoice(title.arg(document->label()), question.arg(document->fullPath()), QStringLiteral("Cancel"),
-                      removed ? QStringLiteral("Save") : QStringLiteral("Replace"), [this, weak](int cancelled) {
+                      removed ? QStringLiteral("Save") : QStringLiteral("Replace"), [weak](int cancelled) {
                           if (const LWDocument::Ptr document = weak.lock(); document && !cancelled)
                               saveAndShow(document);
                       });

@@ -40,7 +40,6 @@ private:
     // Asks for a file or folder of the kinds allowed and opens it.
     void chooseAndOpen(bool files, bool folders);
     void addLooseFile(const LWDocument::Ptr &document);
-    void saveAndShow(const LWDocument::Ptr &document);
     void confirmReplacing(const LWDocument::Ptr &document);
 
     LWDocumentManager &manager;
