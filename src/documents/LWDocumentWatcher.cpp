@@ -7,14 +7,11 @@
 #include <QPointer>
 #include <QtDebug>
 
-#include <utility>
 
-LWDocumentWatcher::LWDocumentWatcher(LWDocumentManager &manager) : manager(manager)
+LWDocumentWatcher::LWDocumentWatcher(LWDocumentManager &manager)
+    : manager(manager), changes(settleMilliseconds, [this](const QSet<QString> &paths) { examineChanges(paths); })
 {
-    settle.setSingleShot(true);
-    settle.setInterval(settleMilliseconds);
-    connect(&settle, &QTimer::timeout, this, &LWDocumentWatcher::examineChanges);
-    connect(&files, &QFileSystemWatcher::fileChanged, this, &LWDocumentWatcher::noteChange);
+    connect(&files, &QFileSystemWatcher::fileChanged, &changes, &SettlingChanges::note);
 }
 
 void LWDocumentWatcher::watch(const LWDocument::Ptr &document)
@@ -27,15 +24,8 @@ void LWDocumentWatcher::watch(const LWDocument::Ptr &document)
         files.addPath(path);
 }
 
-void LWDocumentWatcher::noteChange(const QString &path)
+void LWDocumentWatcher::examineChanges(const QSet<QString> &paths)
 {
-    changedPaths.insert(path);
-    settle.start();
-}
-
-void LWDocumentWatcher::examineChanges()
-{
-    const QSet<QString> paths = std::exchange(changedPaths, {});
     for (const QString &path : paths) {
         const auto found = documents.find(path);
         const LWDocument::Ptr document = found == documents.end() ? nullptr : found->second.lock();

@@ -2,10 +2,10 @@
 
 #include "documents/LWDocument.h"
 
+#include "documents/SettlingChanges.h"
+
 #include <QFileSystemWatcher>
 #include <QObject>
-#include <QSet>
-#include <QTimer>
 
 #include <map>
 
@@ -28,14 +28,12 @@ public:
     static constexpr int settleMilliseconds = 250;
 
 private:
-    void noteChange(const QString &path);
-    void examineChanges();
+    void examineChanges(const QSet<QString> &paths);
     void examine(const LWDocument::Ptr &document);
     void askKeepOrLoad(const LWDocument::Ptr &document);
 
     LWDocumentManager &manager;
     QFileSystemWatcher files;
-    QTimer settle;
-    QSet<QString> changedPaths;
+    SettlingChanges changes;
     std::map<QString, std::weak_ptr<LWDocument>> documents;
 };

@@ -5,14 +5,11 @@
 
 #include <QtDebug>
 
-#include <utility>
 
 LWFolderWatcher::LWFolderWatcher()
+    : changes(settleMilliseconds, [this](const QSet<QString> &paths) { syncChangedFolders(paths); })
 {
-    settle.setSingleShot(true);
-    settle.setInterval(settleMilliseconds);
-    connect(&settle, &QTimer::timeout, this, &LWFolderWatcher::syncChangedFolders);
-    connect(&directories, &QFileSystemWatcher::directoryChanged, this, &LWFolderWatcher::noteChange);
+    connect(&directories, &QFileSystemWatcher::directoryChanged, &changes, &SettlingChanges::note);
 }
 
 void LWFolderWatcher::watch(const LWDocument::Ptr &folder)
@@ -45,25 +42,18 @@ void LWFolderWatcher::unwatchAll()
     if (!directories.directories().isEmpty())
         directories.removePaths(directories.directories());
     folders.clear();
-    changedPaths.clear();
+    changes.clear();
 }
 
 void LWFolderWatcher::forget(const QString &path)
 {
     directories.removePath(path);
     folders.erase(path);
-    changedPaths.remove(path);
+    changes.forget(path);
 }
 
-void LWFolderWatcher::noteChange(const QString &path)
+void LWFolderWatcher::syncChangedFolders(const QSet<QString> &paths)
 {
-    changedPaths.insert(path);
-    settle.start();
-}
-
-void LWFolderWatcher::syncChangedFolders()
-{
-    const QSet<QString> paths = std::exchange(changedPaths, {});
     for (const QString &path : paths) {
         const auto found = folders.find(path);
         const LWDocument::Ptr folder = found == folders.end() ? nullptr : found->second.lock();

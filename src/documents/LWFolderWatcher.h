@@ -3,9 +3,9 @@
 #include "documents/LWDocument.h"
 
 #include <QFileSystemWatcher>
+#include "documents/SettlingChanges.h"
+
 #include <QObject>
-#include <QSet>
-#include <QTimer>
 
 #include <map>
 
@@ -35,12 +35,10 @@ signals:
     void folderSynced(const LWDocument::Ptr &folder);
 
 private:
-    void noteChange(const QString &path);
-    void syncChangedFolders();
+    void syncChangedFolders(const QSet<QString> &paths);
     void forget(const QString &path);
 
     QFileSystemWatcher directories;
-    QTimer settle;
-    QSet<QString> changedPaths;
+    SettlingChanges changes;
     std::map<QString, std::weak_ptr<LWDocument>> folders;
 };
