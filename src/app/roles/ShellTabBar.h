@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class LWDocument;
+
+// The document tab bar above the editor.
+class ShellTabBar
+{
+public:
+    virtual ~ShellTabBar() = default;
+
+    // A new active tab for a node, and the selected tab's title.
+    virtual void addTabWithDocument(const std::shared_ptr<LWDocument> &document) = 0;
+    virtual void setSelectedTabTitle(const QString &title) = 0;
+};
