@@ -203,6 +203,37 @@ void LWFileMenuController::saveAsAction()
     });
 }
 
+namespace {
+
+void collectUnsavedFiles(const LWDocument::List &nodes, LWDocument::List &unsaved)
+{
+    for (const LWDocument::Ptr &node : nodes) {
+        if (node->isFile() && !node->saved() && !node->isUntitled())
+            unsaved.push_back(node);
+        collectUnsavedFiles(node->children(), unsaved);
+    }
+}
+
+}
+
+void LWFileMenuController::saveAllAction()
+{
+    LWDocument::List unsaved;
+    collectUnsavedFiles(manager.documentTree().groups(), unsaved);
+    const LWDocument::Ptr current = manager.currentDocument();
+    for (const LWDocument::Ptr &document : unsaved) {
+        if (document == current)
+            saveAction();
+        else if (document->changedOnDisk())
+            qInfo("Save All skips %s: it changed on disk; open it and save to decide", qPrintable(document->fullPath()));
+        else
+            document->saveWithoutState();
+    }
+    if (!unsaved.empty())
+        if (LWShell *shell = LWShell::instance())
+            shell->reloadOutline();
+}
+
 void LWFileMenuController::printAction()
 {
     const LWDocument::Ptr document = manager.currentDocument();

@@ -9,7 +9,7 @@
 class LWDocumentManager;
 
 // The File menu: new, new from template, open (a file or a folder), open in new tab, save, save
-// as and print, acting on the application's document manager. Close and
+// as, save all and print, acting on the application's document manager. Close and
 // close all exist only so that their menu items have targets: documents are
 // closed from the tab bar.
 class LWFileMenuController
@@ -31,6 +31,10 @@ public:
     void closeAllAction() {}
     void saveAction();
     void saveAsAction();
+    // Saves every unsaved file of the workspace that has a path; the current
+    // one as Save does, so a file changed on disk still asks first. Untitled
+    // files wait for their own Save As.
+    void saveAllAction();
     void printAction();
 
     // Whether the item whose action has this name is enabled.

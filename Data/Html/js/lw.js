@@ -111,8 +111,30 @@
         }, function (err) {
           global.Bridge.log("Theme '" + name + "' not applied: " + err.message);
         });
+      },
+      // The colours of the theme with this id as JSON, for the window around
+      // the editor; "" while that theme is not yet applied.
+      themeColors: function (id) {
+        var theme = renderer.theme;
+        if (!theme || renderer.$themeId !== id || !editor.container.classList.contains(theme.cssClass)) return '';
+        var style = global.getComputedStyle(editor.container);
+        return JSON.stringify({
+          isDark: !!theme.isDark,
+          cssClass: theme.cssClass,
+          background: hexColor(style.backgroundColor),
+          foreground: hexColor(style.color)
+        });
       }
     };
+  }
+
+  // "rgb(39, 40, 34)" as "#272822"; "" for a transparent or unknown colour.
+  function hexColor(css) {
+    var parts = /rgba?\((\d+),\s*(\d+),\s*(\d+)(?:,\s*([\d.]+))?\)/.exec(css || '');
+    if (!parts || parts[4] === '0') return '';
+    return '#' + parts.slice(1, 4).map(function (part) {
+      return ('0' + parseInt(part, 10).toString(16)).slice(-2);
+    }).join('');
   }
 
   function searching(editor, search, panel) {

@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -16,13 +17,22 @@ namespace Dialogs {
 namespace {
 
 constexpr int sliderSteps = 1000;
+// Wide enough that a window manager shows the title bar's text whole; the
+// title is also the dialog's first line, which wraps rather than being cut.
+constexpr int minimumWidth = 420;
 
 QMessageBox *messageBox(QWidget *window, const QString &title, const QString &informativeText)
 {
     auto *box = new QMessageBox(QMessageBox::Warning, title, title, QMessageBox::NoButton, window);
+    box->setTextFormat(Qt::PlainText);
     box->setInformativeText(informativeText);
+    box->setStyleSheet(QStringLiteral("QLabel#qt_msgbox_label { font-weight: bold; }"));
     box->setWindowModality(Qt::WindowModal);
     box->setAttribute(Qt::WA_DeleteOnClose);
+    // The box sizes itself to its texts; a spanning spacer keeps it wide.
+    if (auto *grid = qobject_cast<QGridLayout *>(box->layout()))
+        grid->addItem(new QSpacerItem(minimumWidth, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid->rowCount(), 0,
+                      1, grid->columnCount());
     return box;
 }
 
@@ -33,8 +43,12 @@ QDialog *fieldDialog(QWidget *window, const QString &title, QWidget *field, cons
     dialog->setWindowTitle(title);
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setMinimumWidth(minimumWidth);
     auto *layout = new QVBoxLayout(dialog);
-    layout->addWidget(new QLabel(title, dialog));
+    auto *titleLine = new QLabel(title, dialog);
+    titleLine->setTextFormat(Qt::PlainText);
+    titleLine->setWordWrap(true);
+    layout->addWidget(titleLine);
     field->setParent(dialog);
     field->setMinimumWidth(300);
     layout->addWidget(field);
@@ -59,13 +73,17 @@ void answerPath(QFileDialog *dialog, const std::function<void(const QString &)> 
 
 }
 
+// Both buttons share one role so that every desktop's button layout keeps
+// them in the order added: the alternative first, the default one last, at
+// the trailing edge where Return's button sits. Escape picks the alternative.
 void choice(QWidget *window, const QString &title, const QString &informativeText, const QString &defaultTitle,
             const QString &alternativeTitle, const std::function<void(int)> &answered)
 {
     QMessageBox *box = messageBox(window, title, informativeText);
-    QPushButton *preferred = box->addButton(defaultTitle, QMessageBox::AcceptRole);
-    box->addButton(alternativeTitle, QMessageBox::RejectRole);
+    QPushButton *alternative = box->addButton(alternativeTitle, QMessageBox::ActionRole);
+    QPushButton *preferred = box->addButton(defaultTitle, QMessageBox::ActionRole);
     box->setDefaultButton(preferred);
+    box->setEscapeButton(alternative);
     QObject::connect(box, &QMessageBox::finished, box, [box, preferred, answered] {
         answered(box->clickedButton() == preferred ? 1 : 0);
     });

@@ -10,11 +10,12 @@ class LWViewMenuController;
 class QMenu;
 class QMenuBar;
 
-// The Edit, Document, View and Find menus with their keyboard shortcuts.
+// The Edit, Find, View and Document menus with their keyboard shortcuts.
 // Every item carries its action's name as object name, calls the controller's
 // slot of that name with itself when chosen, and is validated by the
 // controller each time its menu opens and before its key takes effect. The Document menu's Language submenu
-// has the object name "specsMenu".
+// has the object name "specsMenu"; languages and themes (by light and dark)
+// are sorted and grouped so that every submenu fits on the screen.
 namespace EditorMenus {
 
 struct Controllers

@@ -20,15 +20,15 @@ struct Item
 {
     const char *title; // "--" is a separator
     const char *action;
-    const char *shortcut;
+    QList<QKeySequence> shortcuts;
     Action run;
 };
 
-QAction *addItem(QMenu *menu, const QString &title, const QString &action, const QString &shortcut)
+QAction *addItem(QMenu *menu, const QString &title, const QString &action, const QList<QKeySequence> &shortcuts)
 {
     QAction *item = menu->addAction(title);
     item->setObjectName(action);
-    item->setShortcut(QKeySequence(shortcut));
+    item->setShortcuts(shortcuts);
     return item;
 }
 
@@ -40,7 +40,7 @@ void addItems(QMenu *menu, const Controller &controller, std::initializer_list<I
             continue;
         }
         QAction *added = addItem(menu, QString::fromUtf8(item.title), QString::fromLatin1(item.action),
-                                 QString::fromLatin1(item.shortcut));
+                                 item.shortcuts);
         const Action run = item.run;
         QObject::connect(added, &QAction::triggered, menu, [controller, run] { (controller().*run)(); });
     }
@@ -62,7 +62,7 @@ void fillTemplates(QMenu *templates, const Controller &controller, const LWEnvir
                 continue;
             }
             const QVariantMap record = entry.value(QStringLiteral("object")).toMap();
-            QAction *item = addItem(submenu, title, QStringLiteral("newFromTemplateAction"), QString());
+            QAction *item = addItem(submenu, title, QStringLiteral("newFromTemplateAction"), {});
             QObject::connect(item, &QAction::triggered, submenu,
                              [controller, record] { controller().newFromTemplateAction(record); });
         }
@@ -76,11 +76,11 @@ void fillRecents(QMenu *recents, const Controller &controller)
 {
     recents->clear();
     for (const QString &path : LWRecentDocuments::paths()) {
-        QAction *item = addItem(recents, path, QStringLiteral("openRecentItem"), QString());
+        QAction *item = addItem(recents, path, QStringLiteral("openRecentItem"), {});
         QObject::connect(item, &QAction::triggered, recents, [controller, path] { controller().openRecent(path); });
     }
     recents->addSeparator();
-    QAction *clear = addItem(recents, QStringLiteral("Clear Menu"), QStringLiteral("clearRecentsAction"), QString());
+    QAction *clear = addItem(recents, QStringLiteral("Clear Menu"), QStringLiteral("clearRecentsAction"), {});
     clear->setEnabled(!LWRecentDocuments::paths().isEmpty());
     QObject::connect(clear, &QAction::triggered, recents, [] { LWRecentDocuments::clear(); });
 }
@@ -98,30 +98,34 @@ void validate(QMenu *menu, const Controller &controller)
 void build(QMenuBar *bar, const Controller &controller, const LWEnvironment *environment,
            const std::function<void()> &quit)
 {
+    using Key = QKeySequence;
+    using File = LWFileMenuController;
     QMenu *menu = bar->addMenu(QStringLiteral("File"));
-    addItems(menu, controller, {{"New", "newAction", "Ctrl+N", &LWFileMenuController::newAction}});
+    addItems(menu, controller, {{"New", "newAction", Key::keyBindings(Key::New), &File::newAction}});
     QMenu *templates = menu->addMenu(QStringLiteral("New from Template"));
     templates->setObjectName(QStringLiteral("templatesMenu"));
     if (environment)
         fillTemplates(templates, controller, environment);
     addItems(menu, controller,
-             {{"Open...", "openAction", "Ctrl+O", &LWFileMenuController::openAction},
-              {"Open Folder...", "openFolderAction", "Ctrl+Shift+O", &LWFileMenuController::openFolderAction}});
+             {{"Open...", "openAction", Key::keyBindings(Key::Open), &File::openAction},
+              {"Open Folder...", "openFolderAction", {Key(QStringLiteral("Ctrl+Shift+O"))}, &File::openFolderAction}});
     QMenu *recents = menu->addMenu(QStringLiteral("Open Recent"));
     recents->setObjectName(QStringLiteral("recentsMenu"));
     QObject::connect(recents, &QMenu::aboutToShow, recents, [recents, controller] { fillRecents(recents, controller); });
+    // Print leaves Ctrl+P to quick open.
     addItems(menu, controller,
-             {{"Open in New Tab", "openInNewTab", "", &LWFileMenuController::openInNewTab},
-              {"--", "", "", nullptr},
-              {"Save", "saveAction", "Ctrl+S", &LWFileMenuController::saveAction},
-              {"Save As...", "saveAsAction", "Ctrl+Shift+S", &LWFileMenuController::saveAsAction},
-              {"--", "", "", nullptr},
-              {"Close", "closeAction", "Ctrl+W", &LWFileMenuController::closeAction},
-              {"Close All", "closeAllAction", "Ctrl+Shift+W", &LWFileMenuController::closeAllAction},
-              {"--", "", "", nullptr},
-              {"Print...", "printAction", "Ctrl+P", &LWFileMenuController::printAction},
-              {"--", "", "", nullptr}});
-    QAction *quitItem = addItem(menu, QStringLiteral("Quit"), QStringLiteral("quitAction"), QStringLiteral("Ctrl+Q"));
+             {{"Open in New Tab", "openInNewTab", {}, &File::openInNewTab},
+              {"--", "", {}, nullptr},
+              {"Save", "saveAction", Key::keyBindings(Key::Save), &File::saveAction},
+              {"Save As...", "saveAsAction", Key::keyBindings(Key::SaveAs), &File::saveAsAction},
+              {"Save All", "saveAllAction", {Key(QStringLiteral("Ctrl+Alt+S"))}, &File::saveAllAction},
+              {"--", "", {}, nullptr},
+              {"Close Tab", "closeAction", {Key(QStringLiteral("Ctrl+W"))}, &File::closeAction},
+              {"Close All", "closeAllAction", {Key(QStringLiteral("Ctrl+Shift+W"))}, &File::closeAllAction},
+              {"--", "", {}, nullptr},
+              {"Print...", "printAction", {Key(QStringLiteral("Ctrl+Alt+P"))}, &File::printAction},
+              {"--", "", {}, nullptr}});
+    QAction *quitItem = addItem(menu, QStringLiteral("Quit"), QStringLiteral("quitAction"), Key::keyBindings(Key::Quit));
     QObject::connect(quitItem, &QAction::triggered, menu, quit);
     validate(menu, controller);
 }

@@ -3,10 +3,8 @@
 #include "app/LWDefaults.h"
 #include "app/LWDefaultsController.h"
 #include "app/ui/DocumentTabs.h"
-#include "app/ui/EditorMenus.h"
-#include "app/ui/FileMenu.h"
 #include "app/ui/LWMainWindow.h"
-#include "app/ui/PluginsMenu.h"
+#include "app/ui/LWUIController.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
@@ -16,7 +14,6 @@
 #include "editor/LWEditMenuController.h"
 #include "editor/LWFindMenuController.h"
 #include "editor/LWViewMenuController.h"
-#include "editor/StoredEditorSettings.h"
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
 #include "extensions/LWEnvironment.h"
@@ -53,7 +50,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
 
 LWAppDelegate::~LWAppDelegate()
 {
-    pluginsMenu.reset();
+    uiController.reset();
     mainWindow.reset();
     LWDocumentManager::setShared(nullptr);
     LWEnvironment::setShared(nullptr);
@@ -64,16 +61,12 @@ LWAppDelegate::~LWAppDelegate()
 void LWAppDelegate::buildWindow()
 {
     mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
-    FileMenu::build(mainWindow->menuBar(), [this]() -> LWFileMenuController & { return *fileMenu; },
-                    environment.get(), [this] { requestQuit(); });
-    EditorMenus::build(mainWindow->menuBar(), {editMenu.get(), documentMenu.get(), viewMenu.get(), findMenu.get()},
-                       environment.get());
-    mainWindow->setSpecMenu(mainWindow->menuBar()->findChild<QMenu *>(QStringLiteral("specsMenu")));
     pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get());
-    pluginsMenu = std::make_unique<PluginsMenu>(mainWindow->menuBar()->addMenu(QStringLiteral("Plugins")),
-                                                mainWindow->statusPluginsMenu(), mainWindow.get(),
-                                                environment.get(), pluginsController.get());
-    updatePluginMenusForSpec(nullptr);
+    uiController = std::make_unique<LWUIController>(
+        mainWindow.get(), environment.get(), this,
+        LWUIController::MenuControllers{[this]() -> LWFileMenuController & { return *fileMenu; }, editMenu.get(),
+                                        documentMenu.get(), viewMenu.get(), findMenu.get(), pluginsController.get()},
+        [this] { requestQuit(); });
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);
     connect(mainWindow.get(), &LWMainWindow::runRequested, pluginsController.get(),
@@ -111,7 +104,7 @@ void LWAppDelegate::postProcess()
     } catch (const std::exception &error) {
         qWarning("Start-up could not build the workspace: %s", error.what());
     }
-    StoredEditorSettings::apply(*viewMenu, *findMenu);
+    uiController->setupUIwithDefaults();
     // Typing goes into the document from the start.
     editorPage->view()->setFocus();
     emit editorReady();

@@ -17,7 +17,7 @@ class LWFileMenuController;
 class LWFindMenuController;
 class LWMainWindow;
 class LWPluginsMenuController;
-class PluginsMenu;
+class LWUIController;
 class LWUtilityWebViewController;
 class LWViewMenuController;
 class LWWebViewController;
@@ -140,5 +140,5 @@ private:
     std::unique_ptr<LWPluginsMenuController> pluginsController;
     // Declared last so that the window and its pages go before the channels.
     std::unique_ptr<LWMainWindow> mainWindow;
-    std::unique_ptr<PluginsMenu> pluginsMenu;
+    std::unique_ptr<LWUIController> uiController;
 };

@@ -5,20 +5,17 @@
 #include "documents/LWRecentDocuments.h"
 
 #include "app/ui/Dialogs.h"
-#include "app/ui/EditorMenus.h"
 #include "app/ui/DocumentTabs.h"
 #include "app/ui/LWMainWindow.h"
-#include "app/ui/PluginsMenu.h"
+#include "app/ui/LWStatusBar.h"
+#include "app/ui/LWUIController.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "editor/ui/LWBridgePage.h"
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
 
-#include <QMenu>
-#include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QStatusBar>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -44,17 +41,17 @@ QString LWAppDelegate::evaluateInUtility(const QString &script)
 
 void LWAppDelegate::setStatusMessage(const QString &message)
 {
-    mainWindow->setStatusMessage(message);
+    mainWindow->statusArea()->setMessage(message);
 }
 
 void LWAppDelegate::setStatusSpinnerRunning(bool running)
 {
-    mainWindow->setSpinnerRunning(running);
+    mainWindow->statusArea()->setSpinnerRunning(running);
 }
 
 void LWAppDelegate::setLocationText(const QString &text)
 {
-    mainWindow->setLocationText(text);
+    mainWindow->statusArea()->setLocationText(text);
 }
 
 void LWAppDelegate::showAlert(const QString &title, const QString &informativeText)
@@ -69,8 +66,7 @@ void LWAppDelegate::setRunButtonVisible(bool visible)
 
 void LWAppDelegate::updateThemesMenu()
 {
-    if (auto *themes = mainWindow->menuBar()->findChild<QMenu *>(QStringLiteral("themesMenu")))
-        EditorMenus::fillThemes(themes, viewMenu.get(), environment.get());
+    uiController->updateThemesMenu();
 }
 
 void LWAppDelegate::showAlert(const QString &title, const QString &informativeText,
@@ -165,15 +161,12 @@ void LWAppDelegate::setStatusBarVisible(bool visible)
 
 void LWAppDelegate::setSpecPopupTitle(const QString &title)
 {
-    mainWindow->setSpecTitle(title);
+    mainWindow->statusArea()->setSpecTitle(title);
 }
 
-// The registry shows the run button again when the language binds a plugin
-// to it; a document without a known language has none.
 void LWAppDelegate::updatePluginMenusForSpec(LWSpec *spec)
 {
-    mainWindow->setRunButtonVisible(false);
-    pluginsMenu->rebuildFor(spec);
+    uiController->updatePluginMenusForSpec(spec);
 }
 
 void LWAppDelegate::setWindowTitle(const QString &title)
@@ -198,12 +191,12 @@ void LWAppDelegate::showImagePreview(const QImage &image)
 
 void LWAppDelegate::setStatusMessageVisible(bool visible)
 {
-    mainWindow->setStatusMessageVisible(visible);
+    mainWindow->statusArea()->setMessageVisible(visible);
 }
 
 void LWAppDelegate::setStatusSpinnerVisible(bool visible)
 {
-    mainWindow->setSpinnerVisible(visible);
+    mainWindow->statusArea()->setSpinnerVisible(visible);
 }
 
 // The node named by setDocumentToSelect() is selected once the outline shows

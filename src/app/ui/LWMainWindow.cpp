@@ -1,7 +1,10 @@
 #include "app/ui/LWMainWindow.h"
 
 #include "app/ui/DocumentTabs.h"
+#include "app/ui/ImagePreview.h"
+#include "app/ui/LWStatusBar.h"
 #include "app/ui/OutlineFolderRefresh.h"
+#include "app/ui/Spinner.h"
 #include "app/ui/WorkspaceOutline.h"
 
 #include <QCloseEvent>
@@ -12,27 +15,15 @@
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
-#include <QPixmap>
 #include <QProgressBar>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QStatusBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int spinnerWidth = 60;
-
-QProgressBar *spinner(QWidget *parent)
-{
-    auto *bar = new QProgressBar(parent);
-    bar->setRange(0, 1);
-    bar->setTextVisible(false);
-    bar->setFixedWidth(spinnerWidth);
-    bar->setMaximumHeight(12);
-    return bar;
-}
+constexpr int initialWindowWidth = 1200;
 
 }
 
@@ -49,13 +40,15 @@ LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *p
     verticalSplit->addWidget(buildEditorArea());
     verticalSplit->addWidget(buildUtilityPane(utilityView));
     verticalSplit->setCollapsible(0, false);
-    auto *horizontalSplit = new QSplitter(Qt::Horizontal, this);
+    horizontalSplit = new QSplitter(Qt::Horizontal, this);
     horizontalSplit->addWidget(workspaceOutline);
     horizontalSplit->addWidget(verticalSplit);
+    horizontalSplit->setStretchFactor(0, 0);
     horizontalSplit->setStretchFactor(1, 1);
-    horizontalSplit->setSizes({220, 980});
+    horizontalSplit->setSizes({sidebarWidth, initialWindowWidth - sidebarWidth});
     setCentralWidget(horizontalSplit);
-    buildStatusBar();
+    statusPanel = new LWStatusBar(this);
+    setStatusBar(statusPanel);
     utilityPane->hide();
 }
 
@@ -66,7 +59,7 @@ QWidget *LWMainWindow::buildEditorArea()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     documentTabs = new DocumentTabs(area);
-    loadingSpinner = spinner(area);
+    loadingSpinner = makeSpinner(area);
     loadingSpinner->setRange(0, 0);
     loadingSpinner->hide();
     runButton = new QToolButton(area);
@@ -79,8 +72,7 @@ QWidget *LWMainWindow::buildEditorArea()
     tabRow->addWidget(runButton);
     layout->addLayout(tabRow);
     editorStack = new QStackedWidget(area);
-    imagePreview = new QLabel(editorStack);
-    imagePreview->setAlignment(Qt::AlignCenter);
+    imagePreview = new ImagePreview(editorStack);
     editorStack->addWidget(editor);
     editorStack->addWidget(imagePreview);
     layout->addWidget(editorStack, 1);
@@ -90,6 +82,7 @@ QWidget *LWMainWindow::buildEditorArea()
 QWidget *LWMainWindow::buildUtilityPane(QWidget *utilityView)
 {
     utilityPane = new QWidget(this);
+    utilityPane->setAutoFillBackground(true);
     auto *layout = new QVBoxLayout(utilityPane);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -109,27 +102,6 @@ QWidget *LWMainWindow::buildUtilityPane(QWidget *utilityView)
     layout->addLayout(header);
     layout->addWidget(utilityView, 1);
     return utilityPane;
-}
-
-void LWMainWindow::buildStatusBar()
-{
-    statusMessage = new QLabel(this);
-    statusSpinner = spinner(this);
-    specButton = new QToolButton(this);
-    specButton->setPopupMode(QToolButton::InstantPopup);
-    specButton->setAutoRaise(true);
-    locationField = new QLabel(this);
-    pluginsButton = new QToolButton(this);
-    pluginsButton->setText(QStringLiteral("Plugins"));
-    pluginsButton->setPopupMode(QToolButton::InstantPopup);
-    pluginsButton->setAutoRaise(true);
-    pluginsButton->setMenu(new QMenu(pluginsButton));
-    statusBar()->addWidget(statusMessage, 1);
-    statusBar()->addWidget(statusSpinner);
-    statusBar()->addPermanentWidget(pluginsButton);
-    statusBar()->addPermanentWidget(specButton);
-    statusBar()->addPermanentWidget(locationField);
-    statusSpinner->hide();
 }
 
 void LWMainWindow::closeEvent(QCloseEvent *event)
@@ -203,56 +175,31 @@ bool LWMainWindow::eventFilter(QObject *watched, QEvent *event)
     return QMainWindow::eventFilter(watched, event);
 }
 
-void LWMainWindow::setStatusMessage(const QString &message)
-{
-    statusMessage->setText(message);
-    statusMessage->setVisible(!message.isEmpty());
-}
-
-void LWMainWindow::setStatusMessageVisible(bool visible)
-{
-    statusMessage->setVisible(visible);
-}
-
-void LWMainWindow::setSpinnerRunning(bool running)
-{
-    statusSpinner->setRange(0, running ? 0 : 1);
-    statusSpinner->setVisible(running);
-}
-
-void LWMainWindow::setSpinnerVisible(bool visible)
-{
-    statusSpinner->setVisible(visible);
-}
-
-void LWMainWindow::setLocationText(const QString &text)
-{
-    locationField->setText(text);
-}
-
-void LWMainWindow::setSpecTitle(const QString &title)
-{
-    specButton->setText(title);
-}
-
-void LWMainWindow::setSpecMenu(QMenu *menu)
-{
-    specButton->setMenu(menu);
-}
-
-QMenu *LWMainWindow::statusPluginsMenu() const
-{
-    return pluginsButton->menu();
-}
-
 void LWMainWindow::setSidebarVisible(bool visible)
 {
-    workspaceOutline->setVisible(visible);
+    if (visible == !workspaceOutline->isHidden())
+        return;
+    if (!visible) {
+        sidebarWidth = workspaceOutline->width();
+        workspaceOutline->hide();
+        return;
+    }
+    const int total = horizontalSplit->width();
+    workspaceOutline->show();
+    horizontalSplit->setSizes({sidebarWidth, std::max(0, total - sidebarWidth - horizontalSplit->handleWidth())});
 }
 
 void LWMainWindow::setTabBarVisible(bool visible)
 {
     documentTabs->setVisible(visible);
+}
+
+void LWMainWindow::setPartsPalette(const QPalette &palette)
+{
+    for (QWidget *part : std::initializer_list<QWidget *>{workspaceOutline, documentTabs, statusPanel, utilityPane}) {
+        part->setPalette(palette);
+        part->setAutoFillBackground(true);
+    }
 }
 
 void LWMainWindow::showEditor()
@@ -262,7 +209,7 @@ void LWMainWindow::showEditor()
 
 void LWMainWindow::showImage(const QImage &image)
 {
-    imagePreview->setPixmap(QPixmap::fromImage(image));
+    imagePreview->setImage(image);
     editorStack->setCurrentWidget(imagePreview);
 }
 

@@ -4,9 +4,10 @@
 #include <QStringList>
 
 class DocumentTabs;
+class ImagePreview;
+class LWStatusBar;
 class QImage;
 class QLabel;
-class QMenu;
 class QProgressBar;
 class QSplitter;
 class QStackedWidget;
@@ -15,9 +16,9 @@ class WorkspaceOutline;
 
 // The editor window: the workspace outline on the left; on the right the tab
 // bar over the editor page (or an image preview in its place) and, under a
-// splitter, the utility pane with its label, plugin pop-up and page; a status
-// bar with the status message, its spinner, the plugins pop-up, the language
-// and the location.
+// splitter, the utility pane with its label, plugin pop-up and page; the
+// status bar along the bottom. The sidebar keeps its width when the window
+// is resized and when it is hidden and shown again.
 class LWMainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -28,22 +29,13 @@ public:
     QWidget *editorView() const { return editor; }
     WorkspaceOutline *outline() const { return workspaceOutline; }
     DocumentTabs *tabs() const { return documentTabs; }
-
-    // Status bar.
-    void setStatusMessage(const QString &message);
-    void setStatusMessageVisible(bool visible);
-    void setSpinnerRunning(bool running);
-    void setSpinnerVisible(bool visible);
-    void setLocationText(const QString &text);
-    void setSpecTitle(const QString &title);
-    // The languages offered by the status bar's language pop-up.
-    void setSpecMenu(QMenu *menu);
-    // The status bar's plugins pop-up.
-    QMenu *statusPluginsMenu() const;
+    LWStatusBar *statusArea() const { return statusPanel; }
 
     // Layout parts.
     void setSidebarVisible(bool visible);
     void setTabBarVisible(bool visible);
+    // The colours of the sidebar, tab bar, status bar and utility pane.
+    void setPartsPalette(const QPalette &palette);
 
     // Editor area.
     void showEditor();
@@ -80,22 +72,20 @@ private:
     void catchFileDropsOn(QWidget *view);
     QWidget *buildEditorArea();
     QWidget *buildUtilityPane(QWidget *utilityView);
-    void buildStatusBar();
 
     QWidget *editor;
     WorkspaceOutline *workspaceOutline;
     DocumentTabs *documentTabs;
+    QSplitter *horizontalSplit;
+    // The sidebar's width when it was last hidden.
+    int sidebarWidth = 220;
     QStackedWidget *editorStack;
-    QLabel *imagePreview;
+    ImagePreview *imagePreview;
     QProgressBar *loadingSpinner;
     QToolButton *runButton;
     QSplitter *verticalSplit;
     QWidget *utilityPane;
     QLabel *utilityLabel;
     QToolButton *pluginMenuButton;
-    QLabel *statusMessage;
-    QProgressBar *statusSpinner;
-    QToolButton *specButton;
-    QToolButton *pluginsButton;
-    QLabel *locationField;
+    LWStatusBar *statusPanel;
 };

@@ -1,0 +1,12 @@
+#pragma once
+
+class LWHelpMenuController;
+class QMenuBar;
+class QWidget;
+
+// The Help menu: Documentation (F1), Support and About Larkwood.
+namespace HelpMenu {
+
+void build(QMenuBar *bar, LWHelpMenuController *controller, QWidget *window);
+
+}
