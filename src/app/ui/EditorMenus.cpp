@@ -176,7 +176,7 @@ void buildFind(QMenu *menu, LWFindMenuController *controller)
              {{"Find...", "findAction", Key::keyBindings(Key::Find), false},
               {"Find Next", "findNextAction", keys("F3"), false},
               {"Find Previous", "findPreviousAction", keys("Shift+F3"), false},
-              {"Replace", "replaceAction", Key::keyBindings(Key::Replace), false},
+              {"Replace", "replaceAction", keys("Ctrl+H"), false},
               {"Replace All", "replaceAllAction", keys("Ctrl+Shift+H"), false},
               {"Use Selection for Find", "useSelectionForFindAction", keys("Ctrl+E"), false},
               {"--", "", {}, false},

@@ -117,7 +117,7 @@ void build(QMenuBar *bar, const Controller &controller, const LWEnvironment *env
              {{"Open in New Tab", "openInNewTab", {}, &File::openInNewTab},
               {"--", "", {}, nullptr},
               {"Save", "saveAction", Key::keyBindings(Key::Save), &File::saveAction},
-              {"Save As...", "saveAsAction", Key::keyBindings(Key::SaveAs), &File::saveAsAction},
+              {"Save As...", "saveAsAction", {Key(QStringLiteral("Ctrl+Shift+S"))}, &File::saveAsAction},
               {"Save All", "saveAllAction", {Key(QStringLiteral("Ctrl+Alt+S"))}, &File::saveAllAction},
               {"--", "", {}, nullptr},
               {"Close Tab", "closeAction", {Key(QStringLiteral("Ctrl+W"))}, &File::closeAction},

@@ -196,7 +196,9 @@ void LWMainWindow::setTabBarVisible(bool visible)
 
 void LWMainWindow::setPartsPalette(const QPalette &palette)
 {
-    for (QWidget *part : std::initializer_list<QWidget *>{workspaceOutline, documentTabs, statusPanel, utilityPane}) {
+    // Everything but the menu bar and the dialogs: the panes with their
+    // dividers, and the status bar.
+    for (QWidget *part : {centralWidget(), static_cast<QWidget *>(statusPanel)}) {
         part->setPalette(palette);
         part->setAutoFillBackground(true);
     }

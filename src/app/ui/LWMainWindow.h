@@ -34,7 +34,8 @@ public:
     // Layout parts.
     void setSidebarVisible(bool visible);
     void setTabBarVisible(bool visible);
-    // The colours of the sidebar, tab bar, status bar and utility pane.
+    // The colours of the panes around the pages (sidebar, tab bar, utility
+    // pane) and of the status bar.
     void setPartsPalette(const QPalette &palette);
 
     // Editor area.

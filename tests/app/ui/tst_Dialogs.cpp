@@ -19,6 +19,7 @@ private slots:
     void inputShowsItsDefaultOnlyAsAHint();
     void cancellingCallsNothing();
     void confirmationAnswersOneForOk();
+    void returnAnswersNoToAYesNoQuestion();
     void sliderReportsMovesAndTheChosenValue();
 
 private:
@@ -91,6 +92,23 @@ void TestDialogs::confirmationAnswersOneForOk()
                                           [&](QAbstractButton *candidate) { return candidate->text() == button; });
         QVERIFY(pressed != buttons.end());
         (*pressed)->click();
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(answers, QList<int>({1, 0}));
+}
+
+void TestDialogs::returnAnswersNoToAYesNoQuestion()
+{
+    QList<int> answers;
+    for (const bool pressYes : {false, true}) {
+        Dialogs::yesNo(window.get(), QStringLiteral("Replace it?"), QString(), [&](int answer) { answers.append(answer); });
+        auto *box = openDialog<QMessageBox>();
+        QVERIFY(box);
+        QCOMPARE(box->defaultButton()->text(), QStringLiteral("No"));
+        if (pressYes)
+            box->buttons().at(box->buttons().at(0)->text() == QLatin1String("Yes") ? 0 : 1)->click();
+        else
+            QTest::keyClick(box, Qt::Key_Return);
         QCoreApplication::processEvents();
     }
     QCOMPARE(answers, QList<int>({1, 0}));

@@ -1,6 +1,7 @@
 #include "app/LWPaths.h"
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
+#include "app/ui/LWStatusBar.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
 
@@ -143,7 +144,7 @@ bool tst_PluginsInWindow::windowShowsText(const QString &text) const
 
 void tst_PluginsInWindow::pluginMenusFollowTheShownDocument()
 {
-    QMenu *statusMenu = delegate->window()->statusPluginsMenu();
+    QMenu *statusMenu = delegate->window()->statusArea()->pluginsMenu();
     for (int round = 0; round < 2; ++round) {
         show("hello.py");
         QVERIFY(runButtonShown());
