@@ -25,6 +25,7 @@ private slots:
     void everyMenuOpensFitsAndBindsEachKeyOnce();
     void editCommandsActOnTheEditor();
     void editCommandsActOnAFocusedLineEdit();
+    void ctrlCStillInterruptsTheTerminal();
     void layoutToggleFlipsItsMarkPaneAndDefault();
     void darkThemeRecoloursTheWindow();
     void confirmationButtonsAndAnswers();
@@ -171,6 +172,21 @@ void TestMenuBar::editCommandsActOnAFocusedLineEdit()
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(accepted, QStringLiteral("typedtyped"));
     QCOMPARE(editorText(), before);
+}
+
+// Copy's key belongs to the page while it has the keyboard: in the terminal
+// console it stops the running command.
+void TestMenuBar::ctrlCStillInterruptsTheTerminal()
+{
+    page(QStringLiteral("$Terminal.exec('sleep 100'); ''"));
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.isRunning())")), QStringLiteral("true"), 10000);
+    driver->activate();
+    item("toggleTerminalFocusAction")->trigger();
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.hasFocus())")), QStringLiteral("true"), 5000);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_C, Qt::ControlModifier);
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.isRunning())")), QStringLiteral("false"), 5000);
+    item("toggleTerminalFocusAction")->trigger();
+    QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("String($Terminal.hasFocus())")), QStringLiteral("false"), 5000);
 }
 
 void TestMenuBar::layoutToggleFlipsItsMarkPaneAndDefault()
