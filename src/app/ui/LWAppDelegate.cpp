@@ -69,8 +69,6 @@ void LWAppDelegate::buildWindow()
         [this] { requestQuit(); });
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);
-    connect(mainWindow.get(), &LWMainWindow::runRequested, pluginsController.get(),
-            [this] { pluginsController->executePluginAction(); });
     connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::openFromOutline);
     connect(mainWindow.get(), &LWMainWindow::closeRequested, this, &LWAppDelegate::windowCloseRequested);
     connect(mainWindow.get(), &LWMainWindow::pathsDropped, this, [this](const QStringList &paths) {

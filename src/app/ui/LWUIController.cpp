@@ -11,6 +11,7 @@
 #include "app/ui/WindowColors.h"
 #include "app/ui/WindowMenu.h"
 #include "editor/StoredEditorSettings.h"
+#include "extensions/ui/LWPluginsMenuController.h"
 
 #include <QMenu>
 #include <QMenuBar>
@@ -30,6 +31,8 @@ LWUIController::~LWUIController() = default;
 
 void LWUIController::setupUI()
 {
+    LWPluginsMenuController *plugins = controllers.plugins;
+    QObject::connect(window, &LWMainWindow::runRequested, plugins, [plugins] { plugins->executePluginAction(); });
     window->setUtilityVisible(false);
 }
 

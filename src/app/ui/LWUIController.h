@@ -39,7 +39,7 @@ public:
                    const MenuControllers &controllers, const std::function<void()> &quit);
     ~LWUIController();
 
-    // The utility pane starts hidden.
+    // The run button runs the language's plugin; the utility pane starts hidden.
     void setupUI();
     void setupCustomMenus();
     void updateThemesMenu();
