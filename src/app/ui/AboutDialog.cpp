@@ -23,7 +23,8 @@ constexpr int creditsHeight = 160;
 QString plainTextOfRTF(QString rtf)
 {
     rtf.remove(QRegularExpression(QStringLiteral("\\{\\\\\\*[^{}]*\\}")));
-    rtf.remove(QRegularExpression(QStringLiteral("\\{\\\\(fonttbl|colortbl|stylesheet|info)[^{}]*(\\{[^{}]*\\}[^{}]*)*\\}")));
+    rtf.remove(QRegularExpression(
+        QStringLiteral("\\{\\\\(fonttbl|colortbl|stylesheet|info)[^{}]*(\\{[^{}]*\\}[^{}]*)*\\}")));
     rtf.replace(QRegularExpression(QStringLiteral("\\\\(par|line)\\b ?")), QStringLiteral("\n"));
     rtf.remove(QRegularExpression(QStringLiteral("\\\\'[0-9a-fA-F]{2}|\\\\[a-zA-Z]+-?\\d* ?")));
     rtf.remove(QRegularExpression(QStringLiteral("[{}\\r]")));

@@ -125,7 +125,8 @@ void build(QMenuBar *bar, const Controller &controller, const LWEnvironment *env
               {"--", "", {}, nullptr},
               {"Print...", "printAction", {Key(QStringLiteral("Ctrl+Alt+P"))}, &File::printAction},
               {"--", "", {}, nullptr}});
-    QAction *quitItem = addItem(menu, QStringLiteral("Quit"), QStringLiteral("quitAction"), Key::keyBindings(Key::Quit));
+    QAction *quitItem =
+        addItem(menu, QStringLiteral("Quit"), QStringLiteral("quitAction"), {Key(QStringLiteral("Ctrl+Q"))});
     QObject::connect(quitItem, &QAction::triggered, menu, quit);
     validate(menu, controller);
 }

@@ -58,7 +58,8 @@ void build(QMenuBar *bar, DocumentTabs *tabs, WorkspaceOutline *outline)
     QMenu *menu = bar->addMenu(QStringLiteral("Window"));
     QObject::connect(addItem(menu, QStringLiteral("Next Tab"), "nextTabAction", "Ctrl+Tab; Ctrl+PgDown"),
                      &QAction::triggered, tabs, [tabs] { stepTab(tabs, 1); });
-    QObject::connect(addItem(menu, QStringLiteral("Previous Tab"), "previousTabAction", "Ctrl+Shift+Backtab; Ctrl+PgUp"),
+    QObject::connect(addItem(menu, QStringLiteral("Previous Tab"), "previousTabAction",
+                             "Ctrl+Shift+Backtab; Ctrl+PgUp"),
                      &QAction::triggered, tabs, [tabs] { stepTab(tabs, -1); });
     menu->addSeparator();
     QObject::connect(addItem(menu, QStringLiteral("Next Document"), "nextDocumentAction", "Ctrl+Alt+PgDown"),
