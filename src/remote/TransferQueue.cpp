@@ -111,8 +111,8 @@ void TransferQueue::stopRunning()
 {
     for (const auto &[process, transfer] : running) {
         process->disconnect(this);
+        QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
         process->kill();
-        process->deleteLater();
     }
     running.clear();
 }

@@ -39,9 +39,11 @@ private:
     QJsonObject mappingFor(const QString &protocol) const;
     // The workspace folder the window opened from the command line.
     LWDocument::Ptr folder(const QString &name) const;
+    // The terminal's lines, each between line feeds.
     QString terminal()
     {
-        return window->page(QStringLiteral("$('#terminal .terminal-output').text()")).replace(QChar(0xa0), ' ');
+        const QString lines = QStringLiteral("document.querySelector('#terminal .terminal-output').innerText");
+        return QLatin1Char('\n') + window->page(lines).replace(QChar(0xa0), ' ') + QLatin1Char('\n');
     }
     // Every file below root (relative path -> bytes), the mapping left out.
     static QMap<QString, QByteArray> tree(const QString &root);
@@ -190,7 +192,7 @@ void TestRemoteFolders::roundTrip()
     QVERIFY(!terminal().contains(QStringLiteral("secret")));
 
     actions->listRemote(source);
-    QTRY_VERIFY_WITH_TIMEOUT(terminal().contains(QStringLiteral("\nsub/deeper/d.md\n")), 10000);
+    QTRY_VERIFY2_WITH_TIMEOUT(terminal().contains(QStringLiteral("\nsub/deeper/d.md\n")), qPrintable(terminal()), 10000);
     QVERIFY(terminal().contains(QStringLiteral("\nwith space/e.txt\n")));
 
     // The server also has a file the mapping excludes: it stays there.
