@@ -14,7 +14,9 @@
 //
 // Prints one line, "ok: ..." or "error: <reason>", and exits with 0 on
 // success, 1 on a failed transfer and 2 on bad arguments. A download goes to
-// a temporary file beside the target, renamed over it only when complete.
+// a temporary file beside the target, renamed over it only when complete. A
+// terminating signal stops the transfer at its next progress report and the
+// script exits as for a failed transfer, so no temporary file stays behind.
 
 const TLS_TYPES = ['ftps', 'ftpes'];
 
@@ -32,6 +34,12 @@ function remoteUrl(array $settings, string $remotePath, bool $folder): string
     return $folder && $segments ? $url . '/' : $url;
 }
 
+$cancelled = false;
+if (function_exists('pcntl_async_signals')) {
+    pcntl_async_signals(true);
+    pcntl_signal(SIGTERM, function () use (&$cancelled) { $cancelled = true; });
+}
+
 function openSession(array $settings, string $url)
 {
     $curl = curl_init($url);
@@ -42,6 +50,8 @@ function openSession(array $settings, string $url)
         CURLOPT_LOW_SPEED_LIMIT => 1,
         CURLOPT_LOW_SPEED_TIME => 30,
         CURLOPT_FTP_CREATE_MISSING_DIRS => CURLFTP_CREATE_DIR_RETRY,
+        CURLOPT_NOPROGRESS => false,
+        CURLOPT_XFERINFOFUNCTION => function () { return $GLOBALS['cancelled'] ? 1 : 0; },
     ]);
     if ($settings['t'] === 'sftp' && !empty($settings['key'])) {
         curl_setopt($curl, CURLOPT_SSH_AUTH_TYPES, CURLSSH_AUTH_PUBLICKEY);
@@ -68,7 +78,7 @@ function perform($curl, string $what): void
     $reason = curl_error($curl);
     curl_close($curl);
     if ($done === false)
-        finish(1, $reason !== '' ? $reason : $what . ' failed');
+        finish(1, $GLOBALS['cancelled'] ? 'cancelled' : ($reason !== '' ? $reason : $what . ' failed'));
 }
 
 function uploadFile(array $settings, string $remotePath, string $localPath): void
@@ -107,6 +117,7 @@ function makeRemoteFolder(array $settings, string $remotePath): void
 
 function downloadFile(array $settings, string $remotePath, string $localPath): void
 {
+    global $cancelled;
     $folder = dirname($localPath);
     if (!is_dir($folder) && !@mkdir($folder, 0777, true))
         finish(1, 'cannot create ' . $folder);
@@ -122,7 +133,7 @@ function downloadFile(array $settings, string $remotePath, string $localPath): v
     fclose($file);
     if ($done === false || !@rename($partial, $localPath)) {
         @unlink($partial);
-        finish(1, $reason !== '' ? $reason : 'cannot replace ' . $localPath);
+        finish(1, $cancelled ? 'cancelled' : ($reason !== '' ? $reason : 'cannot replace ' . $localPath));
     }
     @chmod($localPath, 0666 & ~umask());
 }

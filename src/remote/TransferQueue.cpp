@@ -112,7 +112,8 @@ void TransferQueue::stopRunning()
     for (const auto &[process, transfer] : running) {
         process->disconnect(this);
         QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
-        process->kill();
+        // The script removes its unfinished download before it exits.
+        process->terminate();
     }
     running.clear();
 }

@@ -236,19 +236,31 @@ void TestRemoteFolders::stoppedServerLeavesTheGoodFileInPlace()
 
 void TestRemoteFolders::cancelStopsTheTransfers()
 {
-    actions->upload(folder("cancelled"));
-    QTRY_VERIFY_WITH_TIMEOUT(QDir(slowCancelled.root()).entryList(QDir::Files).size() == 4, 10000);
-
+    const LWDocument::Ptr cancelled = folder("cancelled");
+    const QMap<QString, QByteArray> local = tree(cancelled->fullPath());
     auto *cancel = window->delegate->window()->menuBar()->findChild<QAction *>(QStringLiteral("cancelTransfersAction"));
     QVERIFY(cancel);
     QCOMPARE(cancel->shortcut(), QKeySequence(QStringLiteral("Ctrl+Alt+.")));
+
+    actions->upload(cancelled);
+    QTRY_VERIFY_WITH_TIMEOUT(QDir(slowCancelled.root()).entryList(QDir::Files).size() == 4, 10000);
     cancel->trigger();
     QTRY_VERIFY_WITH_TIMEOUT(terminal().contains(QStringLiteral("FTP:: Transfers cancelled, 8 not done")), 5000);
     // Four ran at once and four were waiting: none of them arrives complete.
     QTest::qWait(1000);
-    QCOMPARE(QDir(slowCancelled.root()).entryList(QDir::Files).size(), 4);
-    for (const QFileInfo &info : QDir(slowCancelled.root()).entryInfoList(QDir::Files))
+    const QFileInfoList uploaded = QDir(slowCancelled.root()).entryInfoList(QDir::Files);
+    QCOMPARE(uploaded.size(), 4);
+    for (const QFileInfo &info : uploaded)
         QVERIFY(info.size() < 512 * 1024);
+
+    // A cancelled download leaves the local files as they were.
+    actions->download(cancelled);
+    QTRY_VERIFY_WITH_TIMEOUT(
+        !QDir(cancelled->fullPath()).entryList({QStringLiteral(".*.part-*")}, QDir::Files | QDir::Hidden).isEmpty(),
+        10000);
+    cancel->trigger();
+    QTRY_VERIFY_WITH_TIMEOUT(terminal().count(QStringLiteral("FTP:: Transfers cancelled")) == 2, 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(tree(cancelled->fullPath()), local, 5000);
 }
 
 LW_WEB_TEST_MAIN(TestRemoteFolders)
