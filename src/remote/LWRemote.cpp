@@ -77,15 +77,16 @@ void LWRemote::uploadDocuments(const LWDocument::List &documents, const QString 
             continue;
         const QString remotePath = RemoteSettings::joined({remote.path, subpath, document->label()});
         const QString localPath = document->fullPath();
-        const bool folder = document->isFolder();
         std::printf("Copy  : %s\nTo--> %s\n\n", qPrintable(localPath), qPrintable(remotePath));
         std::fflush(stdout);
+        if (!document->isFolder()) {
+            transfer(QStringLiteral("uf"), remotePath, localPath, {});
+            continue;
+        }
         const QString innerSubpath = RemoteSettings::joined({subpath, document->label()});
-        transfer(folder ? QStringLiteral("ud") : QStringLiteral("uf"), remotePath, localPath,
-                 folder ? std::function<void()>([this, document, innerSubpath] {
-                     uploadDocuments(document->children(), innerSubpath);
-                 })
-                        : std::function<void()>());
+        transfer(QStringLiteral("ud"), remotePath, localPath, [this, document, innerSubpath] {
+            uploadDocuments(document->children(), innerSubpath);
+        });
     }
 }
 
@@ -94,16 +95,17 @@ void LWRemote::downloadDocuments(const QList<RemoteEntry> &entries, const QStrin
     for (const RemoteEntry &entry : entries) {
         if (remote.isExcluded(entry.name()))
             continue;
-        const QString localPath = RemoteSettings::joined({targetFolder, subpath, entry.name()}).prepend(QLatin1Char('/'));
-        const bool folder = looksLikeFolder(entry.name());
         const QString innerSubpath = RemoteSettings::joined({subpath, entry.name()});
-        transfer(folder ? QStringLiteral("dd") : QStringLiteral("df"), entry.path, localPath,
-                 folder ? std::function<void()>([this, innerSubpath] {
-                     contentsAtSubpath(innerSubpath, [this, innerSubpath](const QList<RemoteEntry> &inner) {
-                         downloadDocuments(inner, innerSubpath);
-                     });
-                 })
-                        : std::function<void()>());
+        const QString localPath = QLatin1Char('/') + RemoteSettings::joined({targetFolder, innerSubpath});
+        if (!looksLikeFolder(entry.name())) {
+            transfer(QStringLiteral("df"), entry.path, localPath, {});
+            continue;
+        }
+        transfer(QStringLiteral("dd"), entry.path, localPath, [this, innerSubpath] {
+            contentsAtSubpath(innerSubpath, [this, innerSubpath](const QList<RemoteEntry> &inner) {
+                downloadDocuments(inner, innerSubpath);
+            });
+        });
     }
 }
 

@@ -34,7 +34,6 @@ public:
                                                    TransferQueue *transfers);
 
     const RemoteSettings &settings() const { return remote; }
-    QUrl baseAddress() const { return QUrl(remote.baseAddress()); }
 
     // The URL's path relative to the base folder: without the base folder
     // and the "/" after it when it starts with them, else with every "//"

@@ -22,18 +22,8 @@ void keepPrivate(const QString &path)
         qInfo().noquote() << QStringLiteral("%1 is now readable by its owner only").arg(path);
 }
 
-}
-
-RemoteFolderTransfers::RemoteFolderTransfers(ShellPages *pages, ShellStatusBar *statusBar, ShellDialogs *dialogs)
-    : pages(pages), dialogs(dialogs), transfers(statusBar)
-{
-    // A remote replaced by a later action lives on until its transfers end.
-    QObject::connect(&transfers, &TransferQueue::idle, [this] { retired.clear(); });
-}
-
-RemoteFolderTransfers::~RemoteFolderTransfers() = default;
-
-std::shared_ptr<LWDocument> RemoteFolderTransfers::mappingOf(const std::shared_ptr<LWDocument> &folder)
+// The folder's mapping file, when it has one.
+LWDocument::Ptr mappingOf(const LWDocument::Ptr &folder)
 {
     for (const LWDocument::Ptr &child : folder->children()) {
         if (child->isFile() && child->label() == RemoteSettings::mappingFileName)
@@ -41,6 +31,17 @@ std::shared_ptr<LWDocument> RemoteFolderTransfers::mappingOf(const std::shared_p
     }
     return nullptr;
 }
+
+}
+
+RemoteFolderTransfers::RemoteFolderTransfers(ShellPages *pages, ShellStatusBar *statusBar, ShellDialogs *dialogs)
+    : pages(pages), dialogs(dialogs), transfers(statusBar)
+{
+    // A remote replaced by a later action lives on until its transfers end.
+    QObject::connect(&transfers, &TransferQueue::idle, &transfers, [this] { retired.clear(); });
+}
+
+RemoteFolderTransfers::~RemoteFolderTransfers() = default;
 
 LWRemote *RemoteFolderTransfers::remoteFor(const std::shared_ptr<LWDocument> &folder)
 {

@@ -29,10 +29,6 @@ public:
 
     // Stops every transfer; the terminal says how many were not done.
     void cancelTransfers();
-    TransferQueue &queue() { return transfers; }
-
-    // The folder's mapping file, when it has one.
-    static std::shared_ptr<LWDocument> mappingOf(const std::shared_ptr<LWDocument> &folder);
 
 private:
     // The remote of the folder's mapping, or null after telling the user

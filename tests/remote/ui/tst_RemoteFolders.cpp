@@ -215,6 +215,9 @@ void TestRemoteFolders::refusedLoginAlertsAfterThreeTries()
     QCOMPARE(alert->informativeText(), QStringLiteral("Please make sure your credentials are correct"));
     QVERIFY(window->answer(QStringLiteral("OK")));
     QCOMPARE(ftp.refusedLogins() - before, 3);
+    // The mapping holds a password: once read, only its owner may read it.
+    const QFile::Permissions others = QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther;
+    QCOMPARE(QFile::permissions(root("refused") + "/.ftp-settings.json") & others, QFile::Permissions());
 }
 
 void TestRemoteFolders::stoppedServerLeavesTheGoodFileInPlace()
