@@ -125,7 +125,7 @@ void LWRemote::contentsAtSubpath(const QString &subpath, Callback callback, bool
                                                                         const QString &error) {
                          if (!error.isEmpty()) {
                              qWarning().noquote() << QStringLiteral("Listing %1 failed: %2").arg(serverPath, error);
-                             echo(QStringLiteral("&#10008; %1 : %2").arg(remote.baseAddress() + serverPath, error));
+                             echo(QStringLiteral("&#10008; %1 : %2").arg(remote.serverAddress() + serverPath, error));
                              return;
                          }
                          callback(entries);
