@@ -18,6 +18,8 @@
 #include "editor/ui/LWWebViewController.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/LWPluginsMenuController.h"
+#include "remote/RemoteFolderTransfers.h"
+#include "remote/ui/TransfersMenu.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -42,6 +44,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     findMenu = std::make_unique<LWFindMenuController>();
     editorPage = std::make_unique<LWWebViewController>(bridge.get(), nullptr);
     utilityPage = std::make_unique<LWUtilityWebViewController>(bridge.get(), nullptr);
+    remoteTransfers = std::make_unique<RemoteFolderTransfers>(this, this, this);
     buildWindow();
     LWShell::setInstance(this);
     connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
@@ -58,6 +61,11 @@ LWAppDelegate::~LWAppDelegate()
         LWShell::setInstance(nullptr);
 }
 
+RemoteFolderActions *LWAppDelegate::remoteFolderActions() const
+{
+    return remoteTransfers.get();
+}
+
 void LWAppDelegate::buildWindow()
 {
     mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
@@ -67,6 +75,7 @@ void LWAppDelegate::buildWindow()
         LWUIController::MenuControllers{[this]() -> LWFileMenuController & { return *fileMenu; }, editMenu.get(),
                                         documentMenu.get(), viewMenu.get(), findMenu.get(), pluginsController.get()},
         [this] { requestQuit(); });
+    TransfersMenu::build(mainWindow->menuBar(), remoteTransfers.get());
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);
     connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::openFromOutline);

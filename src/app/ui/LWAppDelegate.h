@@ -18,6 +18,8 @@ class LWFindMenuController;
 class LWMainWindow;
 class LWPluginsMenuController;
 class LWUIController;
+class RemoteFolderActions;
+class RemoteFolderTransfers;
 class LWUtilityWebViewController;
 class LWViewMenuController;
 class LWWebViewController;
@@ -42,6 +44,8 @@ public:
     LWWebViewController *webView() const { return editorPage.get(); }
     LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
     LWDocumentManager *documentManager() const { return documents.get(); }
+    // Uploads, downloads and listings of the remote-mapped folders.
+    RemoteFolderActions *remoteFolderActions() const;
 
     // The Quit command: quits at once when "LW_DoOnQuit" is non-zero or
     // nothing is unsaved, otherwise only after the user confirms.
@@ -141,4 +145,5 @@ private:
     // Declared last so that the window and its pages go before the channels.
     std::unique_ptr<LWMainWindow> mainWindow;
     std::unique_ptr<LWUIController> uiController;
+    std::unique_ptr<RemoteFolderTransfers> remoteTransfers;
 };
