@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QDialog>
+#include <QHash>
+
+class QActionGroup;
+class QStackedWidget;
+class QToolBar;
+
+// A preferences window over the main window (window-modal): a strip of
+// titled, pictured tabs along its top selects one page at a time, and a
+// "Close" button closes it. Pages are added in tab order.
+class PreferencesFrame : public QDialog
+{
+    Q_OBJECT
+
+public:
+    PreferencesFrame(const QString &title, QWidget *mainWindow);
+
+    void addPage(const QString &identifier, const QIcon &image, QWidget *page);
+    // An empty or unknown identifier selects nothing.
+    void selectPage(const QString &identifier);
+    QString selectedPage() const;
+
+private:
+    QToolBar *tabStrip;
+    QActionGroup *tabs;
+    QStackedWidget *pages;
+    QHash<QString, QWidget *> pagesByIdentifier;
+};
