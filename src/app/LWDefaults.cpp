@@ -130,11 +130,14 @@ QVariantMap LWDefaults::dictionaryRepresentation() const
 void LWDefaults::synchronize()
 {
     store.sync();
-    if (store.status() == QSettings::AccessError)
+    if (store.status() == QSettings::AccessError) {
         qWarning("LWDefaults : could not write \"%s\"", qUtf8Printable(store.fileName()));
-    else if (store.status() == QSettings::FormatError)
-        qWarning("LWDefaults : \"%s\" holds lines that could not be read; they are left out",
+    } else if (store.status() == QSettings::FormatError && !unreadableLinesReported) {
+        // The status stays set for the life of the store; say it once.
+        unreadableLinesReported = true;
+        qWarning("LWDefaults : \"%s\" held lines that could not be read; they are left out",
                  qUtf8Printable(store.fileName()));
+    }
 }
 
 QVariant LWDefaults::comparable(const QString &key, const QVariant &value) const

@@ -64,4 +64,5 @@ private:
     QSettings store;
     QVariantMap registered;
     mutable QSet<QString> reportedKeys;
+    bool unreadableLinesReported = false;
 };

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QDialogButtonBox>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QToolBar>
@@ -22,6 +23,7 @@ PreferencesFrame::PreferencesFrame(const QString &title, QWidget *mainWindow)
     tabStrip->setIconSize(QSize(32, 32));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setObjectName(QStringLiteral("closeWindow"));
+    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(tabStrip);
@@ -56,4 +58,11 @@ void PreferencesFrame::selectPage(const QString &identifier)
 QString PreferencesFrame::selectedPage() const
 {
     return pagesByIdentifier.key(pages->currentWidget());
+}
+
+void PreferencesFrame::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        return;
+    QDialog::keyPressEvent(event);
 }

@@ -22,6 +22,11 @@ public:
     void selectPage(const QString &identifier);
     QString selectedPage() const;
 
+protected:
+    // Return and Enter confirm what was typed into a field; they do not close
+    // the window (Escape and "Close" do).
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     QToolBar *tabStrip;
     QActionGroup *tabs;
