@@ -110,12 +110,16 @@ QWidget *LWMasterPreferences::filesPage()
                                {QStringLiteral("Hide names that match:"), QStringLiteral("LW_WSDoFilter")}}));
     auto *pattern = new QLineEdit;
     pattern->setObjectName(QStringLiteral("LW_WSDoFilterRegex"));
-    auto *problem = note(QString());
+    auto *problem = explanation(QString());
     problem->setStyleSheet(QStringLiteral("color: #b3261e"));
     bindPattern(pattern, problem, QStringLiteral("LW_WSDoFilterRegex"));
-    layout->addRow(QStringLiteral("Pattern:"), pattern);
-    layout->addRow(QString(), problem);
-    layout->addRow(QString(), note(QStringLiteral("Folder listings follow these settings when they are next read.")));
+    auto *patternColumn = new QWidget;
+    auto *column = new QVBoxLayout(patternColumn);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(pattern);
+    column->addWidget(problem);
+    layout->addRow(QStringLiteral("Pattern:"), patternColumn);
+    layout->addRow(QString(), explanation(QStringLiteral("Folder listings follow these settings when they are next read.")));
     return page;
 }
 
@@ -156,7 +160,7 @@ QWidget *LWMasterPreferences::proPage()
     connect(install, &QPushButton::clicked, this, &LWMasterPreferences::installShellSupport);
     layout->addRow(QStringLiteral("Command line:"), shellSupportState);
     layout->addRow(QString(), install);
-    layout->addRow(QString(), note(QStringLiteral("\"lwood FILE\" opens files in the running editor, "
+    layout->addRow(QString(), explanation(QStringLiteral("\"lwood FILE\" opens files in the running editor, "
                                                   "\"lwood FILE:LINE\" goes to a line and \"lwood -w FILE\" waits "
                                                   "until the document is closed (EDITOR=\"lwood -w\").")));
     layout->addRow(QStringLiteral("Settings file:"), note(LWSettingsFile::path()));
@@ -171,7 +175,7 @@ QWidget *LWMasterPreferences::updatesPage()
     layout->addRow(QStringLiteral("Version:"), note(QStringLiteral("Larkwood %1 (build %2)")
                                                         .arg(QStringLiteral(LARKWOOD_VERSION))
                                                         .arg(LWPaths::buildNumber())));
-    layout->addRow(QString(), note(QStringLiteral("Updates arrive with the package Larkwood was installed from; "
+    layout->addRow(QString(), explanation(QStringLiteral("Updates arrive with the package Larkwood was installed from; "
                                                   "your system's package manager installs them.")));
     return page;
 }

@@ -42,6 +42,7 @@ QComboBox *choices(const QString &key, const PreferenceBindings::Choices &titles
     auto *box = new QComboBox;
     box->setObjectName(key);
     bindChoices(box, key, titlesAndValues);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     return box;
 }
 
@@ -57,8 +58,15 @@ QSpinBox *spinBox(const QString &key, int minimum, int maximum)
 QLabel *note(const QString &text)
 {
     auto *label = new QLabel(text);
-    label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+QLabel *explanation(const QString &text)
+{
+    QLabel *label = note(text);
+    label->setWordWrap(true);
+    label->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     return label;
 }
 

@@ -24,8 +24,9 @@ QCheckBox *checkBox(const QString &title, const QString &key);
 QWidget *checkBoxes(const QList<std::pair<QString, QString>> &titlesAndKeys);
 QComboBox *choices(const QString &key, const PreferenceBindings::Choices &titlesAndValues);
 QSpinBox *spinBox(const QString &key, int minimum, int maximum);
-// Selectable, wrapping explanatory text.
+// Selectable text on one line (values, paths), and wrapping explanatory text.
 QLabel *note(const QString &text);
+QLabel *explanation(const QString &text);
 
 // The on/off rows (title, key) for the parts of the window and of the editor.
 using Switches = QList<std::pair<QString, QString>>;

@@ -17,6 +17,7 @@ PreferencesFrame::PreferencesFrame(const QString &title, QWidget *mainWindow)
 {
     setWindowTitle(title);
     setWindowModality(Qt::WindowModal);
+    setMinimumWidth(560);
     setAttribute(Qt::WA_DeleteOnClose);
     tabStrip->setObjectName(QStringLiteral("preferencesTabbar"));
     tabStrip->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
