@@ -16,10 +16,8 @@ public:
 
     void close();
 
-    // The snapshot, each setting as it read when the sheet opened.
-    const QVariantMap &settings() const { return snapshot; }
-
 private:
     LWViewMenuController &view;
+    // Each setting as it read when the sheet opened.
     QVariantMap snapshot;
 };

@@ -35,8 +35,6 @@ void PreferencesCommands::addMenuItems(QMenu *menu)
         QAction *item = menu->addAction(title, this, command);
         item->setObjectName(name);
         item->setShortcut(shortcut);
-        item->setMenuRole(name == QLatin1String("showPreferencesWindow") ? QAction::PreferencesRole
-                                                                        : QAction::NoRole);
     }
 }
 
