@@ -81,6 +81,14 @@ private:
     void resetPageCalls() { driver->page(QStringLiteral("window.__calls = {}; ''")); }
     // Waits for queued work to reach the page.
     void settle() { QTest::qWait(300); }
+    // Waits until the page has seen function called once, and not again since.
+    bool calledOnce(const QString &function)
+    {
+        for (int waited = 0; waited < 5000 && pageCalls(function) == 0; waited += 50)
+            QTest::qWait(50);
+        settle();
+        return pageCalls(function) == 1;
+    }
     QWidget *windowPart(const QString &key) const;
 
     std::unique_ptr<WindowDriver> driver;
@@ -146,6 +154,7 @@ void TestPreferences::controlsApplyEachSettingOnce()
         VisibilityChanges changes(windowPart(key));
         const bool before = LWDefaults::shared()->boolForKey(key);
         preferences->findChild<QCheckBox *>(key)->click();
+        QTRY_COMPARE(changes.count, 1);
         settle();
         QCOMPARE(changes.count, 1);
         QCOMPARE(windowPart(key)->isVisible(), !before);
@@ -156,8 +165,7 @@ void TestPreferences::controlsApplyEachSettingOnce()
     for (const QString &key : {"LW_Panel", "LW_Gutter", "LW_PrintMargin", "LW_IndentationGuides", "LW_Invisibles",
                                "LW_SoftTabs", "LW_WordWrap"}) {
         preferences->findChild<QCheckBox *>(key)->click();
-        settle();
-        QVERIFY2(pageCalls(pageCallOf.value(key)) == 1, qPrintable(key));
+        QVERIFY2(calledOnce(pageCallOf.value(key)), qPrintable(key));
     }
     QCOMPARE(driver->page(QStringLiteral("String(lw.editor.renderer.getShowGutter())")), QStringLiteral("false"));
 
@@ -168,8 +176,7 @@ void TestPreferences::controlsApplyEachSettingOnce()
         box->selectAll();
         QTest::keyClicks(box, typed);
         QTest::keyClick(box, Qt::Key_Return);
-        settle();
-        QVERIFY2(pageCalls(pageCallOf.value(key)) == 1, key);
+        QVERIFY2(calledOnce(pageCallOf.value(key)), key);
     }
     QCOMPARE(driver->page(QStringLiteral("String(lw.editor.session.getTabSize())")), QStringLiteral("8"));
 
@@ -177,8 +184,7 @@ void TestPreferences::controlsApplyEachSettingOnce()
     fontSize->lineEdit()->selectAll();
     QTest::keyClicks(fontSize->lineEdit(), QStringLiteral("18"));
     QTest::keyClick(fontSize->lineEdit(), Qt::Key_Return);
-    settle();
-    QCOMPARE(pageCalls(QStringLiteral("setFontSize")), 1);
+    QVERIFY(calledOnce(QStringLiteral("setFontSize")));
     QCOMPARE(driver->page(QStringLiteral("String(lw.editor.getFontSize())")), QStringLiteral("18"));
 
     preferences->findChild<QPushButton *>(QStringLiteral("showFontDialog"))->click();
@@ -186,10 +192,9 @@ void TestPreferences::controlsApplyEachSettingOnce()
     QVERIFY(fonts && fonts->isVisible());
     fonts->setCurrentFont(QFont(QStringLiteral("DejaVu Sans Mono")));
     fonts->accept();
-    settle();
+    QVERIFY(calledOnce(QStringLiteral("fontFamily")));
     const QString family = LWDefaults::shared()->fontName();
     QCOMPARE(preferences->findChild<QComboBox *>(QStringLiteral("LW_FontName"))->currentText(), family);
-    QCOMPARE(pageCalls(QStringLiteral("fontFamily")), 1);
     QVERIFY(driver->page(QStringLiteral("lw.editor.getOption('fontFamily')")).contains(family));
     preferences->close();
 }
@@ -229,10 +234,9 @@ void TestPreferences::sheetAppliesOnlyWhatChanged()
     settle();
     QCOMPARE(pageCalls(QStringLiteral("toggleInvisibles")), 0);
     sheet->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Close)->click();
-    settle();
+    QVERIFY(calledOnce(QStringLiteral("toggleInvisibles")));
     QCOMPARE(pageCalls(QStringLiteral("toggleGutter")), 0);
     QCOMPARE(pageCalls(QStringLiteral("setTabSize")), 0);
-    QCOMPARE(pageCalls(QStringLiteral("toggleInvisibles")), 1);
     QCOMPARE(driver->page(QStringLiteral("String(lw.editor.renderer.getShowInvisibles())")),
              invisibles ? QStringLiteral("false") : QStringLiteral("true"));
 }
@@ -246,11 +250,10 @@ void TestPreferences::resetAsksFirst()
 
     menuItem(QStringLiteral("resetDefaults"))->trigger();
     QVERIFY(driver->answer(QStringLiteral("OK")));
-    settle();
     QCOMPARE(LWDefaults::shared()->integerForKey(QStringLiteral("LW_DoAtStartup")), 1);
-    QCOMPARE(driver->page(QStringLiteral("String(lw.editor.session.getTabSize())")), QStringLiteral("4"));
+    QTRY_COMPARE(driver->page(QStringLiteral("String(lw.editor.session.getTabSize())")), QStringLiteral("4"));
     QCOMPARE(driver->page(QStringLiteral("String(lw.editor.renderer.getShowGutter())")), QStringLiteral("true"));
-    QCOMPARE(driver->page(QStringLiteral("String(lw.editor.getFontSize())")), QStringLiteral("14"));
+    QTRY_COMPARE(driver->page(QStringLiteral("String(lw.editor.getFontSize())")), QStringLiteral("14"));
     QVERIFY(driver->delegate->window()->outline()->isVisible());
 }
 
