@@ -30,6 +30,16 @@ private:
     QString lwood;
 };
 
+namespace {
+
+// The built program, found from the resource folder as lwood itself finds it.
+QString builtProgram()
+{
+    return QDir::cleanPath(qEnvironmentVariable("LARKWOOD_RESOURCES") + QStringLiteral("/../../bin/larkwood"));
+}
+
+}
+
 void TestLwood::init()
 {
     scratch = std::make_unique<QTemporaryDir>();
@@ -126,18 +136,19 @@ void TestLwood::badUseIsExplained()
 // editor is done with it (here: the editor quits).
 void TestLwood::waitsWhileTheEditorRuns()
 {
+    const QString program = builtProgram();
+    QVERIFY2(QFileInfo(program).isExecutable(), qPrintable(program));
     QProcess help;
-    help.start(QStringLiteral(LARKWOOD_PROGRAM), {QStringLiteral("--help")});
+    help.start(program, {QStringLiteral("--help")});
     QVERIFY(help.waitForFinished(20000));
     if (!help.readAllStandardOutput().contains("--wait"))
         QSKIP("this build of larkwood does not forward to a running editor yet");
 
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("PATH"), QFileInfo(QStringLiteral(LARKWOOD_PROGRAM)).path()
-                                                   + QStringLiteral(":/usr/bin:/bin"));
+    environment.insert(QStringLiteral("PATH"), QFileInfo(program).path() + QStringLiteral(":/usr/bin:/bin"));
     QProcess editor;
     editor.setProcessEnvironment(environment);
-    editor.start(QStringLiteral(LARKWOOD_PROGRAM), {});
+    editor.start(program, {});
     QVERIFY(editor.waitForStarted());
     QTest::qWait(3000);
 
