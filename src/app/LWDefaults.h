@@ -35,7 +35,8 @@ public:
     // "LW_FontName", with "Menlo" when it is missing or empty.
     QString fontName() const;
 
-    // Booleans are written as the integers 0 and 1.
+    // Booleans are written as the integers 0 and 1; string lists as lists
+    // (an empty list reads back empty, not as a missing value).
     void setBool(const QString &key, bool value);
     void setInteger(const QString &key, qint64 value);
     void setString(const QString &key, const QString &value);
@@ -55,6 +56,9 @@ private:
     // "1" and a registered true compare equal.
     QVariant comparable(const QString &key, const QVariant &value) const;
     void notifyIfChanged(const QString &key, const QVariant &before);
+    void writeList(const QString &key, const QStringList &list);
+    bool holdsList(const QString &key) const;
+    QStringList readList(const QString &key) const;
 
     QSettings store;
     QVariantMap registered;
