@@ -6,6 +6,7 @@
 #include "app/LWInstanceServer.h"
 #include "app/LWPaths.h"
 
+#include "app/ui/EditableReport.h"
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/WindowScreenshot.h"
@@ -111,6 +112,8 @@ int run(int argc, char *argv[])
         serveLaterStarts(server, delegate);
     delegate.openRequest(options->request);
     LWMainWindow *window = delegate.window();
+    if (qEnvironmentVariableIsSet("LARKWOOD_REPORT_EDITABLE"))
+        EditableReport::printWhenEditable(delegate.webView()->view());
     if (!options->screenshotPath.isEmpty())
         WindowScreenshot::takeWhenEditorReady(window, delegate.webView()->view(), options->screenshotPath);
     return app.exec();
