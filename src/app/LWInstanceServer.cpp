@@ -58,8 +58,11 @@ void LWInstanceServer::readRequest(QLocalSocket *socket)
         socket->disconnectFromServer();
         return;
     }
+    // A start that does not wait (or has no document to wait for) is let go at once.
     if (request->wait && !request->paths.isEmpty())
         waiters.push_back({socket, request->paths.first()});
+    else
+        socket->disconnectFromServer();
     emit requested(*request);
 }
 

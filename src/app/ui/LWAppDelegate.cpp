@@ -126,6 +126,8 @@ void LWAppDelegate::postProcess()
 void LWAppDelegate::buildWorkspace()
 {
     if (dropOpened) {
+        for (const QString &handedOver : droppedOpened)
+            noteRecentDocument(handedOver);
         // dropOpened stays set: later arrivals are told apart by the empty list.
         documents = LWDocumentManager::newWithPaths(std::exchange(droppedOpened, {}));
     } else {
