@@ -7,6 +7,7 @@ namespace {
 
 const QString fontNameKey = QStringLiteral("LW_FontName");
 const QString fallbackFontName = QStringLiteral("Menlo");
+const QString listItemKey = QStringLiteral("item");
 
 QString checkedSettingsPath()
 {
@@ -36,11 +37,13 @@ void LWDefaults::registerDefaults(const QVariantMap &defaults)
 
 bool LWDefaults::hasKey(const QString &key) const
 {
-    return store.contains(key) || registered.contains(key);
+    return store.contains(key) || holdsList(key) || registered.contains(key);
 }
 
 QVariant LWDefaults::objectForKey(const QString &key) const
 {
+    if (holdsList(key))
+        return readList(key);
     if (!store.contains(key))
         return registered.value(key);
     const QVariant stored = store.value(key);
@@ -108,7 +111,11 @@ void LWDefaults::setString(const QString &key, const QString &value)
 void LWDefaults::setObject(const QString &key, const QVariant &value)
 {
     const QVariant before = objectForKey(key);
-    store.setValue(key, value);
+    store.remove(key);
+    if (value.typeId() == QMetaType::QStringList)
+        writeList(key, value.toStringList());
+    else
+        store.setValue(key, value);
     notifyIfChanged(key, before);
 }
 
@@ -122,9 +129,44 @@ void LWDefaults::removeObjectForKey(const QString &key)
 QVariantMap LWDefaults::dictionaryRepresentation() const
 {
     QVariantMap values;
-    for (const QString &key : store.allKeys())
+    for (const QString &key : store.childKeys())
         values.insert(key, store.value(key));
+    for (const QString &key : store.childGroups()) {
+        if (holdsList(key))
+            values.insert(key, readList(key));
+    }
     return values;
+}
+
+// A string list is kept as the store's own array form (a "size" entry and one
+// numbered entry per item), so that an empty list and a list of one item read
+// back as lists.
+void LWDefaults::writeList(const QString &key, const QStringList &list)
+{
+    store.beginWriteArray(key, static_cast<int>(list.size()));
+    for (int index = 0; index < list.size(); ++index) {
+        store.setArrayIndex(index);
+        store.setValue(listItemKey, list.at(index));
+    }
+    store.endArray();
+}
+
+bool LWDefaults::holdsList(const QString &key) const
+{
+    return store.contains(key + QStringLiteral("/size"));
+}
+
+QStringList LWDefaults::readList(const QString &key) const
+{
+    auto &reader = const_cast<QSettings &>(store);
+    QStringList list;
+    const int size = reader.beginReadArray(key);
+    for (int index = 0; index < size; ++index) {
+        reader.setArrayIndex(index);
+        list << reader.value(listItemKey).toString();
+    }
+    reader.endArray();
+    return list;
 }
 
 void LWDefaults::synchronize()

@@ -38,7 +38,8 @@ public:
     // "LW_FontName", with "Menlo" when it is missing or empty.
     QString fontName() const;
 
-    // Booleans are written as the integers 0 and 1.
+    // Booleans are written as the integers 0 and 1; string lists as lists
+    // (an empty list reads back empty, not as a missing value).
     void setBool(const QString &key, bool value);
     void setInteger(const QString &key, qint64 value);
     void setString(const QString &key, const QString &value);
@@ -60,6 +61,9 @@ private:
     void notifyIfChanged(const QString &key, const QVariant &before);
     // Logs once per key that its stored value was passed over.
     void reportUnfitValue(const QString &key, const QVariant &stored) const;
+    void writeList(const QString &key, const QStringList &list);
+    bool holdsList(const QString &key) const;
+    QStringList readList(const QString &key) const;
 
     QSettings store;
     QVariantMap registered;

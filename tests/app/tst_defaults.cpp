@@ -151,8 +151,17 @@ private slots:
         QTemporaryDir scratch;
         const QString copy = scratch.filePath("copy.conf");
         QVERIFY(QFile::copy(LWSettingsFile::path(), copy));
-        const QSettings reread(copy, QSettings::IniFormat);
-        QCOMPARE(LWDefaultsValues::toStringList(reread.value("LW_PreviouslyOpened")), opened);
+        QSettings reread(copy, QSettings::IniFormat);
+        // Lists are the store's arrays, so an empty list is a list too.
+        QStringList stored;
+        const int size = reread.beginReadArray("LW_PreviouslyOpened");
+        for (int index = 0; index < size; ++index) {
+            reread.setArrayIndex(index);
+            stored << reread.value("item").toString();
+        }
+        reread.endArray();
+        QVERIFY(reread.contains("LW_PreviouslyOpened/size"));
+        QCOMPARE(stored, opened);
         QCOMPARE(LWDefaultsValues::toMap(reread.value("LW_User_Extensions")), extensions);
         QVERIFY(!LWDefaultsValues::toBool(reread.value("LW_Panel")));
         QCOMPARE(LWDefaults().arrayForKey("LW_PreviouslyOpened"), opened);
