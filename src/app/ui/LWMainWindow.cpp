@@ -42,13 +42,13 @@ LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *p
     verticalSplit->addWidget(buildEditorArea());
     verticalSplit->addWidget(buildUtilityPane(utilityView));
     verticalSplit->setCollapsible(0, false);
-    horizontalSplit = new QSplitter(Qt::Horizontal, this);
-    horizontalSplit->addWidget(workspaceOutline);
-    horizontalSplit->addWidget(verticalSplit);
-    horizontalSplit->setStretchFactor(0, 0);
-    horizontalSplit->setStretchFactor(1, 1);
-    horizontalSplit->setSizes({sidebarWidth, initialWindowWidth - sidebarWidth});
-    setCentralWidget(horizontalSplit);
+    sidebarSplit = new QSplitter(Qt::Horizontal, this);
+    sidebarSplit->addWidget(workspaceOutline);
+    sidebarSplit->addWidget(verticalSplit);
+    sidebarSplit->setStretchFactor(0, 0);
+    sidebarSplit->setStretchFactor(1, 1);
+    sidebarSplit->setSizes({sidebarWidth, initialWindowWidth - sidebarWidth});
+    setCentralWidget(sidebarSplit);
     statusPanel = new LWStatusBar(this);
     setStatusBar(statusPanel);
     utilityPane->hide();
@@ -186,9 +186,19 @@ void LWMainWindow::setSidebarVisible(bool visible)
         workspaceOutline->hide();
         return;
     }
-    const int total = horizontalSplit->width();
+    const int total = sidebarSplit->width();
     workspaceOutline->show();
-    horizontalSplit->setSizes({sidebarWidth, std::max(0, total - sidebarWidth - horizontalSplit->handleWidth())});
+    sidebarSplit->setSizes({sidebarWidth, std::max(0, total - sidebarWidth - sidebarSplit->handleWidth())});
+}
+
+QList<int> LWMainWindow::sidebarSplitSizes() const
+{
+    return sidebarSplit->sizes();
+}
+
+void LWMainWindow::setSidebarSplitSizes(const QList<int> &sizes)
+{
+    sidebarSplit->setSizes(sizes);
 }
 
 void LWMainWindow::setTabBarVisible(bool visible)

@@ -33,6 +33,9 @@ public:
 
     // Layout parts.
     void setSidebarVisible(bool visible);
+    // Widths of the sidebar and of the editor side.
+    QList<int> sidebarSplitSizes() const;
+    void setSidebarSplitSizes(const QList<int> &sizes);
     void setTabBarVisible(bool visible);
     // The colours of the panes around the pages (sidebar, tab bar, utility
     // pane) and of the status bar.
@@ -77,7 +80,7 @@ private:
     QWidget *editor;
     WorkspaceOutline *workspaceOutline;
     DocumentTabs *documentTabs;
-    QSplitter *horizontalSplit;
+    QSplitter *sidebarSplit;
     // The sidebar's width when it was last hidden.
     int sidebarWidth = 220;
     QStackedWidget *editorStack;
