@@ -5,6 +5,8 @@
 #include "app/ui/DocumentTabs.h"
 #include "app/ui/EditorMenus.h"
 #include "app/ui/FileMenu.h"
+#include "app/ui/LWFileOutlineController.h"
+#include "app/ui/LWFileOutlineMenuController.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/PluginsMenu.h"
 #include "app/ui/WorkspaceOutline.h"
@@ -79,6 +81,15 @@ void LWAppDelegate::buildWindow()
     connect(mainWindow.get(), &LWMainWindow::runRequested, pluginsController.get(),
             [this] { pluginsController->executePluginAction(); });
     connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::openFromOutline);
+    connect(mainWindow->outline()->rows(), &LWFileOutlineController::renameRefused, this,
+            [this](const QString &message) { showAlert(QStringLiteral("The item was not renamed"), message); });
+    new LWFileOutlineMenuController(mainWindow->outline(),
+                                    {this, this, this, [this] { return documents.get(); },
+                                     [this] {
+                                         if (fileMenu)
+                                             fileMenu->newAction();
+                                     },
+                                     nullptr});
     connect(mainWindow.get(), &LWMainWindow::closeRequested, this, &LWAppDelegate::windowCloseRequested);
     connect(mainWindow.get(), &LWMainWindow::pathsDropped, this, [this](const QStringList &paths) {
         if (fileMenu)

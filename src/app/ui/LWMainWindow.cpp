@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPixmap>
 #include <QProgressBar>
@@ -43,20 +44,39 @@ LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *p
     setAcceptDrops(true);
     catchFileDropsOn(editorView);
     catchFileDropsOn(utilityView);
-    workspaceOutline = new WorkspaceOutline(this);
-    new OutlineFolderRefresh(workspaceOutline);
     verticalSplit = new QSplitter(Qt::Vertical, this);
     verticalSplit->addWidget(buildEditorArea());
     verticalSplit->addWidget(buildUtilityPane(utilityView));
     verticalSplit->setCollapsible(0, false);
     auto *horizontalSplit = new QSplitter(Qt::Horizontal, this);
-    horizontalSplit->addWidget(workspaceOutline);
+    horizontalSplit->addWidget(buildSidebar());
     horizontalSplit->addWidget(verticalSplit);
     horizontalSplit->setStretchFactor(1, 1);
     horizontalSplit->setSizes({220, 980});
     setCentralWidget(horizontalSplit);
     buildStatusBar();
     utilityPane->hide();
+}
+
+// The filter field over the outline; the rows follow its text once the
+// keystroke's event is over.
+QWidget *LWMainWindow::buildSidebar()
+{
+    auto *sidebar = new QWidget(this);
+    auto *layout = new QVBoxLayout(sidebar);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    outlineFilter = new QLineEdit(sidebar);
+    outlineFilter->setObjectName(QStringLiteral("fileOutlineFilter"));
+    outlineFilter->setPlaceholderText(QStringLiteral("Filter"));
+    outlineFilter->setClearButtonEnabled(true);
+    workspaceOutline = new WorkspaceOutline(sidebar);
+    new OutlineFolderRefresh(workspaceOutline);
+    connect(outlineFilter, &QLineEdit::textChanged, workspaceOutline, &WorkspaceOutline::setFilterText,
+            Qt::QueuedConnection);
+    layout->addWidget(outlineFilter);
+    layout->addWidget(workspaceOutline, 1);
+    return sidebar;
 }
 
 QWidget *LWMainWindow::buildEditorArea()

@@ -6,6 +6,7 @@
 class DocumentTabs;
 class QImage;
 class QLabel;
+class QLineEdit;
 class QMenu;
 class QProgressBar;
 class QSplitter;
@@ -13,7 +14,7 @@ class QStackedWidget;
 class QToolButton;
 class WorkspaceOutline;
 
-// The editor window: the workspace outline on the left; on the right the tab
+// The editor window: the workspace outline under its filter field on the left; on the right the tab
 // bar over the editor page (or an image preview in its place) and, under a
 // splitter, the utility pane with its label, plugin pop-up and page; a status
 // bar with the status message, its spinner, the plugins pop-up, the language
@@ -27,6 +28,7 @@ public:
 
     QWidget *editorView() const { return editor; }
     WorkspaceOutline *outline() const { return workspaceOutline; }
+    QLineEdit *outlineFilterField() const { return outlineFilter; }
     DocumentTabs *tabs() const { return documentTabs; }
 
     // Status bar.
@@ -78,11 +80,13 @@ protected:
 
 private:
     void catchFileDropsOn(QWidget *view);
+    QWidget *buildSidebar();
     QWidget *buildEditorArea();
     QWidget *buildUtilityPane(QWidget *utilityView);
     void buildStatusBar();
 
     QWidget *editor;
+    QLineEdit *outlineFilter;
     WorkspaceOutline *workspaceOutline;
     DocumentTabs *documentTabs;
     QStackedWidget *editorStack;
