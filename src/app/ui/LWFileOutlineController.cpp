@@ -306,6 +306,8 @@ bool LWFileOutlineController::hasChildren(const QModelIndex &parent) const
     const auto shown = rowLists.find(node);
     if (shown != rowLists.end())
         return !shown->second.rows.empty();
+    if (!node)
+        return !groups.empty();
     return filter.isEmpty() ? node->noOfChildren() > 0 : node->noOfChildrenFiltered(filter) > 0;
 }
 

@@ -30,6 +30,7 @@ public:
     void setFilterText(const QString &text);
     // Selects the node's row, opening its parents; nothing for a node without a row.
     void select(const LWDocument::Ptr &document);
+    using QTreeView::expand;
     // Null opens every group with everything below it.
     void expand(const LWDocument::Ptr &document, bool withChildren);
     void collapseAll(const LWDocument::Ptr &document);
