@@ -14,9 +14,12 @@ struct SortEntry
     LWDocument::Ptr node;
 };
 
+// The "C" locale compares plain character codes and knows no numbers in
+// names, so a desktop without a language set sorts as English does.
 QCollator naturalCollator()
 {
-    QCollator collator;
+    const QLocale system;
+    QCollator collator(system.language() == QLocale::C ? QLocale(QLocale::English) : system);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     collator.setNumericMode(true);
     return collator;
