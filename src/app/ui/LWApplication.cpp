@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QIcon>
 
 #include <cstdio>
 #include <optional>
@@ -66,6 +67,10 @@ int run(int argc, char *argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Larkwood"));
     QApplication::setOrganizationName(QStringLiteral("Larkwood"));
+    // Outside a desktop session no icon theme is named; the common desktop
+    // theme then gives the sidebar its icons per file type.
+    if (QIcon::fallbackThemeName().isEmpty() || QIcon::fallbackThemeName() == QLatin1String("hicolor"))
+        QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
 
     const Options options = parse(app);
     LWAppDelegate delegate(options.paths);
