@@ -67,6 +67,15 @@ std::vector<std::pair<const LWDocument *, QString>> LWFileOutlineController::sou
     return source;
 }
 
+bool LWFileOutlineController::madeFrom(const RowList &list, const LWDocument::List &children)
+{
+    return list.source.size() == children.size()
+           && std::equal(children.cbegin(), children.cend(), list.source.cbegin(),
+                         [](const LWDocument::Ptr &child, const std::pair<const LWDocument *, QString> &made) {
+                             return child.get() == made.first && child->label() == made.second;
+                         });
+}
+
 const LWFileOutlineController::RowList &LWFileOutlineController::rowList(const LWDocument *node) const
 {
     const auto found = rowLists.find(node);
@@ -74,7 +83,7 @@ const LWFileOutlineController::RowList &LWFileOutlineController::rowList(const L
         return found->second;
     const LWDocument::List children = node ? childrenToShow(*node) : groups;
     RowList &made = rowLists[node];
-    made.rows = node ? LWOutlineOrder::sorted(children) : children;
+    made.rows = node ? order.sorted(children) : children;
     made.source = sourceOf(children);
     renumber(node);
     return made;
@@ -137,9 +146,9 @@ void LWFileOutlineController::syncBelow(const LWDocument *node)
         if (shown == rowLists.end())
             continue;
         const LWDocument::List children = next ? childrenToShow(*next) : groups;
-        auto source = sourceOf(children);
-        if (source != shown->second.source)
-            changes.push_back({next, next ? LWOutlineOrder::sorted(children) : children, std::move(source)});
+        if (!madeFrom(shown->second, children))
+            changes.push_back({next, next ? order.updated(shown->second.rows, shown->second.source, children) : children,
+                               sourceOf(children)});
         for (const LWDocument::Ptr &row : shown->second.rows)
             if (rowLists.count(row.get()) != 0)
                 pending.push_back(row.get());

@@ -2,6 +2,7 @@
 
 #include "app/ui/OutlineIcons.h"
 #include "documents/LWDocument.h"
+#include "documents/LWOutlineOrder.h"
 
 #include <QAbstractItemModel>
 
@@ -76,6 +77,7 @@ private:
     const RowList &rowList(const LWDocument *node) const;
     LWDocument::List childrenToShow(const LWDocument &node) const;
     static std::vector<std::pair<const LWDocument *, QString>> sourceOf(const LWDocument::List &children);
+    static bool madeFrom(const RowList &list, const LWDocument::List &children);
     QModelIndex indexOfShown(const LWDocument *node) const;
     void renumber(const LWDocument *parent) const;
     void forgetRowsBelow(const LWDocument *node);
@@ -92,4 +94,5 @@ private:
     mutable std::unordered_map<const LWDocument *, RowList> rowLists;
     mutable std::unordered_map<const LWDocument *, Place> places;
     mutable OutlineIcons icons;
+    mutable LWOutlineOrder order;
 };
