@@ -4,6 +4,7 @@
 #include "app/ui/OutlineIcons.h"
 
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 WorkspaceOutline::WorkspaceOutline(QWidget *parent)
     : QTreeView(parent), controller(new LWFileOutlineController(this))
@@ -18,11 +19,6 @@ WorkspaceOutline::WorkspaceOutline(QWidget *parent)
     setDefaultDropAction(Qt::MoveAction);
     setDropIndicatorShown(true);
     setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(this, &QTreeView::clicked, this, [this](const QModelIndex &index) {
-        const LWDocument::Ptr node = controller->nodeAt(index);
-        if (node && node->isFile())
-            emit documentChosen(node);
-    });
     connect(this, &QTreeView::expanded, this, [this](const QModelIndex &index) {
         if (const LWDocument::Ptr node = controller->nodeAt(index))
             emit folderExpanded(node);
@@ -123,6 +119,23 @@ LWDocument::Ptr WorkspaceOutline::nodeAt(const QPoint &viewportPosition) const
     return controller->nodeAt(indexAt(viewportPosition));
 }
 
+// A row the user moves to (by clicking or with the keys) opens its file;
+// rows the program selects, or that become current because rows around them
+// changed, open nothing.
+void WorkspaceOutline::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTreeView::currentChanged(current, previous);
+    const LWDocument::Ptr node = userMoving ? controller->nodeAt(current) : nullptr;
+    if (node && node->isFile())
+        emit documentChosen(node);
+}
+
+void WorkspaceOutline::mousePressEvent(QMouseEvent *event)
+{
+    const QScopedValueRollback moving(userMoving, true);
+    QTreeView::mousePressEvent(event);
+}
+
 void WorkspaceOutline::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Delete) && state() != QAbstractItemView::EditingState) {
@@ -130,5 +143,6 @@ void WorkspaceOutline::keyPressEvent(QKeyEvent *event)
             emit deleteWanted(node);
         return;
     }
+    const QScopedValueRollback moving(userMoving, true);
     QTreeView::keyPressEvent(event);
 }

@@ -8,10 +8,10 @@ class LWDocumentTree;
 class LWFileOutlineController;
 
 // The sidebar's view of the workspace: group header rows, folders and files
-// under them. Clicking a file's row reports its node; a second click on the
-// selected row, or F2, edits its name in place; Delete asks to delete the
-// selected item; rows drag onto folders, and files dragged in from the
-// desktop are copied in. Open rows stay open and the selection stays while
+// under them. Moving to a file's row (a click or the arrow keys) reports its
+// node; a second click on the selected row, or F2, edits its name in place;
+// Delete asks to delete the selected item; rows drag onto folders, and files
+// dragged in from the desktop are copied in. Open rows stay open and the selection stays while
 // the rows follow the tree.
 class WorkspaceOutline : public QTreeView
 {
@@ -48,10 +48,13 @@ signals:
     void deleteWanted(const LWDocument::Ptr &document);
 
 protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void collapseBelow(const QModelIndex &index);
 
     LWFileOutlineController *controller;
+    bool userMoving = false;
 };

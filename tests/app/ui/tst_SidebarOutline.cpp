@@ -223,6 +223,12 @@ void TestSidebarOutline::anEditedFilesIconIsDimmedUntilSaved()
     const QModelIndex file = row(QStringLiteral("file2.txt"));
     const QImage clean = iconOf(file);
     QTest::mouseClick(outline()->viewport(), Qt::LeftButton, {}, outline()->visualRect(file).center());
+    // The arrow keys open the file of the row they move to.
+    const auto current = [this] { return window->delegate->documentManager()->currentDocument()->label(); };
+    QTest::keyClick(outline(), Qt::Key_Up);
+    QTRY_COMPARE(current(), QStringLiteral(".gitignore"));
+    QTest::keyClick(outline(), Qt::Key_Down);
+    QTRY_COMPARE(current(), QStringLiteral("file2.txt"));
     QTRY_COMPARE(window->page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("text\n"));
     window->delegate->webView()->view()->setFocus();
     QVERIFY(window->typeKeys(QStringLiteral("more ")));
