@@ -58,9 +58,9 @@ LWDocument::List LWFileOutlineController::childrenToShow(const LWDocument &node)
     return filter.isEmpty() ? node.children() : node.filteredChildren(filter);
 }
 
-std::vector<std::pair<const LWDocument *, QString>> LWFileOutlineController::sourceOf(const LWDocument::List &children)
+LWOutlineOrder::Snapshot LWFileOutlineController::sourceOf(const LWDocument::List &children)
 {
-    std::vector<std::pair<const LWDocument *, QString>> source;
+    LWOutlineOrder::Snapshot source;
     source.reserve(children.size());
     for (const LWDocument::Ptr &child : children)
         source.emplace_back(child.get(), child->label());
@@ -71,7 +71,7 @@ bool LWFileOutlineController::madeFrom(const RowList &list, const LWDocument::Li
 {
     return list.source.size() == children.size()
            && std::equal(children.cbegin(), children.cend(), list.source.cbegin(),
-                         [](const LWDocument::Ptr &child, const std::pair<const LWDocument *, QString> &made) {
+                         [](const LWDocument::Ptr &child, const LWOutlineOrder::Snapshot::value_type &made) {
                              return child.get() == made.first && child->label() == made.second;
                          });
 }
@@ -131,12 +131,22 @@ void LWFileOutlineController::refreshChildren(const LWDocument::Ptr &folder)
 // added, so that a node moving between two shown folders never has two rows.
 void LWFileOutlineController::syncBelow(const LWDocument *node)
 {
-    struct Change
-    {
-        const LWDocument *node;
-        LWDocument::List wanted;
-        std::vector<std::pair<const LWDocument *, QString>> source;
-    };
+    std::vector<Change> changes = changesBelow(node);
+    for (const Change &change : changes)
+        if (rowLists.count(change.node) != 0)
+            removeRowsGone(change.node, indexOfShown(change.node), change.wanted);
+    for (Change &change : changes) {
+        const auto shown = rowLists.find(change.node);
+        if (shown == rowLists.end())
+            continue;
+        shown->second.source = std::move(change.source);
+        placeWanted(change.node, indexOfShown(change.node), change.wanted);
+    }
+    announceCellsChanged();
+}
+
+std::vector<LWFileOutlineController::Change> LWFileOutlineController::changesBelow(const LWDocument *node)
+{
     std::vector<Change> changes;
     std::vector<const LWDocument *> pending{node};
     while (!pending.empty()) {
@@ -153,16 +163,12 @@ void LWFileOutlineController::syncBelow(const LWDocument *node)
             if (rowLists.count(row.get()) != 0)
                 pending.push_back(row.get());
     }
-    for (const Change &change : changes)
-        if (rowLists.count(change.node) != 0)
-            removeRowsGone(change.node, indexOfShown(change.node), change.wanted);
-    for (Change &change : changes) {
-        const auto shown = rowLists.find(change.node);
-        if (shown == rowLists.end())
-            continue;
-        shown->second.source = std::move(change.source);
-        placeWanted(change.node, indexOfShown(change.node), change.wanted);
-    }
+    return changes;
+}
+
+// Names and icons (unsaved or not) may have changed in rows that stayed.
+void LWFileOutlineController::announceCellsChanged()
+{
     for (const auto &[shownNode, list] : rowLists) {
         const QModelIndex parent = indexOfShown(shownNode);
         if (!list.rows.empty() && (!shownNode || parent.isValid()))

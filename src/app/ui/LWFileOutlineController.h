@@ -71,22 +71,29 @@ private:
     struct RowList
     {
         LWDocument::List rows;
-        std::vector<std::pair<const LWDocument *, QString>> source;
+        LWOutlineOrder::Snapshot source;
+    };
+
+    // A row list that no longer matches its node's children, and the rows it should have.
+    struct Change
+    {
+        const LWDocument *node;
+        LWDocument::List wanted;
+        LWOutlineOrder::Snapshot source;
     };
 
     const RowList &rowList(const LWDocument *node) const;
     LWDocument::List childrenToShow(const LWDocument &node) const;
-    static std::vector<std::pair<const LWDocument *, QString>> sourceOf(const LWDocument::List &children);
+    static LWOutlineOrder::Snapshot sourceOf(const LWDocument::List &children);
     static bool madeFrom(const RowList &list, const LWDocument::List &children);
     QModelIndex indexOfShown(const LWDocument *node) const;
     void renumber(const LWDocument *parent) const;
     void forgetRowsBelow(const LWDocument *node);
     void syncBelow(const LWDocument *node);
-    void syncRows(const LWDocument *node, LWDocument::List wanted,
-                  std::vector<std::pair<const LWDocument *, QString>> source);
+    std::vector<Change> changesBelow(const LWDocument *node);
+    void announceCellsChanged();
     void removeRowsGone(const LWDocument *node, const QModelIndex &parent, const LWDocument::List &wanted);
     void placeWanted(const LWDocument *node, const QModelIndex &parent, const LWDocument::List &wanted);
-    void replaceAllRows(const LWDocument *node, const QModelIndex &parent, LWDocument::List wanted);
     QString refusalOfName(const LWDocument &node, const QString &name) const;
 
     LWDocument::List groups;
