@@ -9,6 +9,7 @@
 #include "app/ui/LWFileOutlineMenuController.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/PluginsMenu.h"
+#include "app/ui/PreferencesCommands.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
@@ -23,6 +24,8 @@
 #include "editor/ui/LWWebViewController.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/LWPluginsMenuController.h"
+#include "remote/RemoteFolderTransfers.h"
+#include "remote/ui/TransfersMenu.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -47,6 +50,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     findMenu = std::make_unique<LWFindMenuController>();
     editorPage = std::make_unique<LWWebViewController>(bridge.get(), nullptr);
     utilityPage = std::make_unique<LWUtilityWebViewController>(bridge.get(), nullptr);
+    remoteTransfers = std::make_unique<RemoteFolderTransfers>(this, this, this);
     buildWindow();
     LWShell::setInstance(this);
     connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
@@ -63,6 +67,11 @@ LWAppDelegate::~LWAppDelegate()
         LWShell::setInstance(nullptr);
 }
 
+RemoteFolderActions *LWAppDelegate::remoteFolderActions() const
+{
+    return remoteTransfers.get();
+}
+
 void LWAppDelegate::buildWindow()
 {
     mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
@@ -70,11 +79,13 @@ void LWAppDelegate::buildWindow()
                     environment.get(), [this] { requestQuit(); });
     EditorMenus::build(mainWindow->menuBar(), {editMenu.get(), documentMenu.get(), viewMenu.get(), findMenu.get()},
                        environment.get());
+    addPreferencesCommands();
     mainWindow->setSpecMenu(mainWindow->menuBar()->findChild<QMenu *>(QStringLiteral("specsMenu")));
     pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get());
     pluginsMenu = std::make_unique<PluginsMenu>(mainWindow->menuBar()->addMenu(QStringLiteral("Plugins")),
                                                 mainWindow->statusPluginsMenu(), mainWindow.get(),
                                                 environment.get(), pluginsController.get());
+    TransfersMenu::build(mainWindow->menuBar(), remoteTransfers.get());
     updatePluginMenusForSpec(nullptr);
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);
@@ -105,6 +116,19 @@ void LWAppDelegate::buildWindow()
     // The terminal console lives in the editor page, which needs the keyboard too.
     if (auto *terminalFocus = mainWindow->menuBar()->findChild<QAction *>(QStringLiteral("toggleTerminalFocusAction")))
         connect(terminalFocus, &QAction::triggered, editorPage->view(), [view = editorPage->view()] { view->setFocus(); });
+}
+
+// The preferences commands close the Edit menu, as on other Linux editors.
+void LWAppDelegate::addPreferencesCommands()
+{
+    preferenceCommands = std::make_unique<PreferencesCommands>(mainWindow.get(), *this, *viewMenu, *defaultsController);
+    for (QAction *entry : mainWindow->menuBar()->actions()) {
+        if (entry->menu() && entry->text() == QLatin1String("Edit")) {
+            preferenceCommands->addMenuItems(entry->menu());
+            return;
+        }
+    }
+    qWarning("No Edit menu: the preferences commands have no menu items");
 }
 
 // The editor page has loaded: the first time, build the workspace (the

@@ -18,6 +18,9 @@ class LWFindMenuController;
 class LWMainWindow;
 class LWPluginsMenuController;
 class PluginsMenu;
+class PreferencesCommands;
+class RemoteFolderActions;
+class RemoteFolderTransfers;
 class LWUtilityWebViewController;
 class LWViewMenuController;
 class LWWebViewController;
@@ -42,6 +45,9 @@ public:
     LWWebViewController *webView() const { return editorPage.get(); }
     LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
     LWDocumentManager *documentManager() const { return documents.get(); }
+    PreferencesCommands *preferences() const { return preferenceCommands.get(); }
+    // Uploads, downloads and listings of the remote-mapped folders.
+    RemoteFolderActions *remoteFolderActions() const;
 
     // The Quit command: quits at once when "LW_DoOnQuit" is non-zero or
     // nothing is unsaved, otherwise only after the user confirms.
@@ -108,6 +114,7 @@ signals:
 
 private:
     void buildWindow();
+    void addPreferencesCommands();
     void postProcess();
     void buildWorkspace();
     QStringList startupPaths() const;
@@ -141,4 +148,6 @@ private:
     // Declared last so that the window and its pages go before the channels.
     std::unique_ptr<LWMainWindow> mainWindow;
     std::unique_ptr<PluginsMenu> pluginsMenu;
+    std::unique_ptr<PreferencesCommands> preferenceCommands;
+    std::unique_ptr<RemoteFolderTransfers> remoteTransfers;
 };
