@@ -100,7 +100,7 @@ void LWAppDelegate::buildWindow()
                                          if (fileMenu)
                                              fileMenu->newAction();
                                      },
-                                     nullptr});
+                                     remoteTransfers.get()});
     connect(mainWindow.get(), &LWMainWindow::closeRequested, this, &LWAppDelegate::windowCloseRequested);
     connect(mainWindow.get(), &LWMainWindow::pathsDropped, this, [this](const QStringList &paths) {
         if (fileMenu)
