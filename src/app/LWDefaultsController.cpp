@@ -33,7 +33,7 @@ QVariantMap registeredValues()
         {QStringLiteral("LW_DefaultEncoding"), 4},
         {QStringLiteral("LW_WSFoldersOnTop"), true},
         {QStringLiteral("LW_WSDoFilter"), true},
-        {QStringLiteral("LW_WSDoFilterRegex"), QStringLiteral(".DS_Store")},
+        {QStringLiteral("LW_WSDoFilterRegex"), QStringLiteral(".DS_Store|^\\.git$")},
         {QStringLiteral("LW_ShellInstalled"), false},
         {QStringLiteral("LW_PreviouslyOpened"), QStringList()},
         {QStringLiteral("WebKitDeveloperExtras"), true},

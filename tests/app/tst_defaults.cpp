@@ -52,7 +52,7 @@ private slots:
             {"LW_TabSize", 4}, {"LW_WrapLimit", 0}, {"LW_FontSize", 14}, {"LW_DoAtStartup", 1},
             {"LW_DoOnQuit", 0}, {"LW_DefaultEncoding", 4}, {"LW_FontName", "Menlo"},
             {"LW_Theme", "Classic (Larkwood)"}, {"LW_Search_Scope", "Document"},
-            {"LW_DefaultSpecForNew", "Plain Text"}, {"LW_WSDoFilterRegex", ".DS_Store"},
+            {"LW_DefaultSpecForNew", "Plain Text"}, {"LW_WSDoFilterRegex", ".DS_Store|^\\.git$"},
             {"LW_User_Extensions", QVariantMap()}, {"LW_PreviouslyOpened", QStringList()}};
         for (const auto &[key, value] : others)
             QTest::newRow(key) << QString::fromLatin1(key) << value;

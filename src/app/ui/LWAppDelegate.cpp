@@ -3,6 +3,8 @@
 #include "app/LWDefaults.h"
 #include "app/LWDefaultsController.h"
 #include "app/ui/DocumentTabs.h"
+#include "app/ui/LWFileOutlineController.h"
+#include "app/ui/LWFileOutlineMenuController.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/LWUIController.h"
 #include "app/ui/PreferencesCommands.h"
@@ -82,6 +84,15 @@ void LWAppDelegate::buildWindow()
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);
     connect(mainWindow->outline(), &WorkspaceOutline::documentChosen, this, &LWAppDelegate::openFromOutline);
+    connect(mainWindow->outline()->rows(), &LWFileOutlineController::renameRefused, this,
+            [this](const QString &message) { showAlert(QStringLiteral("The item was not renamed"), message); });
+    new LWFileOutlineMenuController(mainWindow->outline(),
+                                    {this, this, this, [this] { return documents.get(); },
+                                     [this] {
+                                         if (fileMenu)
+                                             fileMenu->newAction();
+                                     },
+                                     remoteTransfers.get()});
     connect(mainWindow.get(), &LWMainWindow::closeRequested, this, &LWAppDelegate::windowCloseRequested);
     connect(mainWindow.get(), &LWMainWindow::pathsDropped, this, [this](const QStringList &paths) {
         if (fileMenu)

@@ -105,6 +105,10 @@ int run(int argc, char *argv[])
     QApplication::setOrganizationName(QStringLiteral("Larkwood"));
     QApplication::setWindowIcon(QIcon(LWPaths::resourcePath(QStringLiteral("larkwood.svg"))));
     QApplication::setDesktopFileName(QStringLiteral("larkwood"));
+    // Outside a desktop session no icon theme is named; the common desktop
+    // theme then gives the sidebar its icons per file type.
+    if (QIcon::fallbackThemeName().isEmpty() || QIcon::fallbackThemeName() == QLatin1String("hicolor"))
+        QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
 
     LWAppDelegate delegate({});
     LWInstanceServer server;

@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
 #include <QSplitter>
@@ -36,14 +37,12 @@ LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *p
     setAcceptDrops(true);
     catchFileDropsOn(editorView);
     catchFileDropsOn(utilityView);
-    workspaceOutline = new WorkspaceOutline(this);
-    new OutlineFolderRefresh(workspaceOutline);
     verticalSplit = new QSplitter(Qt::Vertical, this);
     verticalSplit->addWidget(buildEditorArea());
     verticalSplit->addWidget(buildUtilityPane(utilityView));
     verticalSplit->setCollapsible(0, false);
     sidebarSplit = new QSplitter(Qt::Horizontal, this);
-    sidebarSplit->addWidget(workspaceOutline);
+    sidebarSplit->addWidget(buildSidebar());
     sidebarSplit->addWidget(verticalSplit);
     sidebarSplit->setStretchFactor(0, 0);
     sidebarSplit->setStretchFactor(1, 1);
@@ -52,6 +51,28 @@ LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *p
     statusPanel = new LWStatusBar(this);
     setStatusBar(statusPanel);
     utilityPane->hide();
+}
+
+// The filter field over the outline; the rows follow its text once the
+// keystroke's event is over.
+QWidget *LWMainWindow::buildSidebar()
+{
+    auto *sidebar = new QWidget(this);
+    sidebarPane = sidebar;
+    auto *layout = new QVBoxLayout(sidebar);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    outlineFilter = new QLineEdit(sidebar);
+    outlineFilter->setObjectName(QStringLiteral("fileOutlineFilter"));
+    outlineFilter->setPlaceholderText(QStringLiteral("Filter"));
+    outlineFilter->setClearButtonEnabled(true);
+    workspaceOutline = new WorkspaceOutline(sidebar);
+    new OutlineFolderRefresh(workspaceOutline);
+    connect(outlineFilter, &QLineEdit::textChanged, workspaceOutline, &WorkspaceOutline::setFilterText,
+            Qt::QueuedConnection);
+    layout->addWidget(outlineFilter);
+    layout->addWidget(workspaceOutline, 1);
+    return sidebar;
 }
 
 QWidget *LWMainWindow::buildEditorArea()
@@ -179,15 +200,15 @@ bool LWMainWindow::eventFilter(QObject *watched, QEvent *event)
 
 void LWMainWindow::setSidebarVisible(bool visible)
 {
-    if (visible == !workspaceOutline->isHidden())
+    if (visible == !sidebarPane->isHidden())
         return;
     if (!visible) {
-        sidebarWidth = workspaceOutline->width();
-        workspaceOutline->hide();
+        sidebarWidth = sidebarPane->width();
+        sidebarPane->hide();
         return;
     }
     const int total = sidebarSplit->width();
-    workspaceOutline->show();
+    sidebarPane->show();
     sidebarSplit->setSizes({sidebarWidth, std::max(0, total - sidebarWidth - sidebarSplit->handleWidth())});
 }
 

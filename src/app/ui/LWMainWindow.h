@@ -8,13 +8,15 @@ class ImagePreview;
 class LWStatusBar;
 class QImage;
 class QLabel;
+class QLineEdit;
+class QMenu;
 class QProgressBar;
 class QSplitter;
 class QStackedWidget;
 class QToolButton;
 class WorkspaceOutline;
 
-// The editor window: the workspace outline on the left; on the right the tab
+// The editor window: the workspace outline under its filter field on the left; on the right the tab
 // bar over the editor page (or an image preview in its place) and, under a
 // splitter, the utility pane with its label, plugin pop-up and page; the
 // status bar along the bottom. The sidebar keeps its width when the window
@@ -28,6 +30,7 @@ public:
 
     QWidget *editorView() const { return editor; }
     WorkspaceOutline *outline() const { return workspaceOutline; }
+    QLineEdit *outlineFilterField() const { return outlineFilter; }
     DocumentTabs *tabs() const { return documentTabs; }
     LWStatusBar *statusArea() const { return statusPanel; }
 
@@ -74,10 +77,14 @@ protected:
 
 private:
     void catchFileDropsOn(QWidget *view);
+    QWidget *buildSidebar();
     QWidget *buildEditorArea();
     QWidget *buildUtilityPane(QWidget *utilityView);
 
     QWidget *editor;
+    // The filter field and the outline, shown and hidden together.
+    QWidget *sidebarPane;
+    QLineEdit *outlineFilter;
     WorkspaceOutline *workspaceOutline;
     DocumentTabs *documentTabs;
     QSplitter *sidebarSplit;

@@ -1,185 +1,148 @@
 #include "app/ui/WorkspaceOutline.h"
 
-#include "documents/LWDocumentTree.h"
+#include "app/ui/LWFileOutlineController.h"
+#include "app/ui/OutlineIcons.h"
 
-WorkspaceOutline::WorkspaceOutline(QWidget *parent) : QTreeWidget(parent)
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+WorkspaceOutline::WorkspaceOutline(QWidget *parent)
+    : QTreeView(parent), controller(new LWFileOutlineController(this))
 {
+    setModel(controller);
     setHeaderHidden(true);
     setUniformRowHeights(true);
-    connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem *item) {
-        const LWDocument::Ptr node = nodeOf(item);
-        if (node && node->isFile())
-            emit documentChosen(node);
-    });
-    connect(this, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem *item) {
-        if (const LWDocument::Ptr node = nodeOf(item))
+    setIconSize(QSize(OutlineIcons::Side, OutlineIcons::Side));
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed);
+    setDragDropMode(QAbstractItemView::DragDrop);
+    setDefaultDropAction(Qt::MoveAction);
+    setDropIndicatorShown(true);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(this, &QTreeView::expanded, this, [this](const QModelIndex &index) {
+        if (const LWDocument::Ptr node = controller->nodeAt(index))
             emit folderExpanded(node);
     });
-    connect(this, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem *item) {
-        if (const LWDocument::Ptr node = nodeOf(item))
+    connect(this, &QTreeView::collapsed, this, [this](const QModelIndex &index) {
+        if (const LWDocument::Ptr node = controller->nodeAt(index))
             emit folderCollapsed(node);
+    });
+    connect(this, &QWidget::customContextMenuRequested, this, [this](const QPoint &position) {
+        emit contextMenuWanted(nodeAt(position), viewport()->mapToGlobal(position));
     });
 }
 
 void WorkspaceOutline::reload(const LWDocumentTree &tree)
 {
-    const LWDocument::Ptr wasSelected = selected();
-    const QSet<QString> wasExpanded = expandedKeys();
-    emit reloading();
-    clear();
-    nodes.clear();
-    items.clear();
-    for (const LWDocument::Ptr &group : tree.groups())
-        addNode(nullptr, group);
-    restoreExpansion(wasExpanded);
-    if (wasSelected)
-        select(wasSelected);
-}
-
-QTreeWidgetItem *WorkspaceOutline::newItem(const LWDocument::Ptr &node)
-{
-    auto *item = new QTreeWidgetItem;
-    item->setText(0, node->saved() || !node->isFile() ? node->label() : node->label() + QStringLiteral(" *"));
-    nodes.insert(item, node);
-    items.insert(node.get(), item);
-    for (const LWDocument::Ptr &child : node->children())
-        item->addChild(newItem(child));
-    return item;
-}
-
-void WorkspaceOutline::addNode(QTreeWidgetItem *parentItem, const LWDocument::Ptr &node)
-{
-    QTreeWidgetItem *item = newItem(node);
-    if (parentItem)
-        parentItem->addChild(item);
-    else
-        addTopLevelItem(item);
+    controller->reload(tree);
 }
 
 void WorkspaceOutline::refreshChildren(const LWDocument::Ptr &folder)
 {
-    QTreeWidgetItem *folderItem = folder ? items.value(folder.get()) : nullptr;
-    if (!folderItem)
+    controller->refreshChildren(folder);
+}
+
+// Opening everything is left out for an empty filter: a large workspace
+// would open every folder it holds.
+void WorkspaceOutline::setFilterText(const QString &text)
+{
+    if (text == controller->filterText())
         return;
-    const LWDocument::List &children = folder->children();
-    QSet<const LWDocument *> wanted;
-    wanted.reserve(static_cast<qsizetype>(children.size()));
-    for (const LWDocument::Ptr &child : children)
-        wanted.insert(child.get());
-    const auto hasRowHere = [&](const LWDocument *node) {
-        const QTreeWidgetItem *item = items.value(node);
-        return item && item->parent() == folderItem;
-    };
-    // Rows of children that stayed keep their order, so one pass drops the
-    // rows of children that went and inserts runs of rows for new children.
-    int row = 0;
-    for (size_t index = 0; index < children.size();) {
-        QTreeWidgetItem *existing = row < folderItem->childCount() ? folderItem->child(row) : nullptr;
-        const LWDocument *child = children[index].get();
-        const LWDocument *shown = existing ? nodes.value(existing).lock().get() : nullptr;
-        if (existing && shown == child) {
-            ++row;
-            ++index;
-        } else if (existing && (hasRowHere(child) || !wanted.contains(shown))) {
-            removeItem(existing);
-        } else {
-            QList<QTreeWidgetItem *> run;
-            while (index < children.size() && !hasRowHere(children[index].get()))
-                run.append(newItem(children[index++]));
-            folderItem->insertChildren(row, run);
-            row += static_cast<int>(run.size());
-        }
+    emit reloading();
+    controller->setFilterText(text);
+    for (int row = 0; row < controller->rowCount(); ++row) {
+        const QModelIndex group = controller->index(row, 0);
+        if (text.isEmpty())
+            QTreeView::expand(group);
+        else
+            expandRecursively(group);
     }
-    while (folderItem->childCount() > row)
-        removeItem(folderItem->child(row));
-}
-
-void WorkspaceOutline::removeItem(QTreeWidgetItem *item)
-{
-    forgetItem(item);
-    delete item;
-}
-
-void WorkspaceOutline::forgetItem(QTreeWidgetItem *item)
-{
-    for (int index = 0; index < item->childCount(); ++index)
-        forgetItem(item->child(index));
-    const auto found = items.constFind(nodes.value(item).lock().get());
-    if (found != items.cend() && found.value() == item)
-        items.erase(found);
-    nodes.remove(item);
-}
-
-QString WorkspaceOutline::expansionKey(const LWDocument &node)
-{
-    return node.isUntitled() ? node.identity() : node.fullPath();
-}
-
-QSet<QString> WorkspaceOutline::expandedKeys() const
-{
-    QSet<QString> keys;
-    for (auto it = nodes.cbegin(); it != nodes.cend(); ++it) {
-        if (it.key()->isExpanded())
-            if (const LWDocument::Ptr node = it.value().lock())
-                keys.insert(expansionKey(*node));
-    }
-    return keys;
-}
-
-void WorkspaceOutline::restoreExpansion(const QSet<QString> &keys)
-{
-    for (auto it = items.cbegin(); it != items.cend(); ++it) {
-        if (keys.contains(expansionKey(*it.key())))
-            it.value()->setExpanded(true);
-    }
-}
-
-LWDocument::Ptr WorkspaceOutline::nodeOf(const QTreeWidgetItem *item) const
-{
-    return nodes.value(item).lock();
-}
-
-QTreeWidgetItem *WorkspaceOutline::itemFor(const LWDocument::Ptr &document) const
-{
-    if (!document)
-        return nullptr;
-    if (QTreeWidgetItem *same = items.value(document.get()))
-        return same;
-    if (document->isUntitled())
-        return nullptr;
-    for (auto it = nodes.cbegin(); it != nodes.cend(); ++it) {
-        const LWDocument::Ptr node = it.value().lock();
-        if (node && node->fullPath() == document->fullPath())
-            return const_cast<QTreeWidgetItem *>(it.key());
-    }
-    return nullptr;
 }
 
 void WorkspaceOutline::select(const LWDocument::Ptr &document)
 {
-    QTreeWidgetItem *item = itemFor(document);
-    if (!item)
+    const QModelIndex index = document ? controller->indexOf(document) : QModelIndex();
+    if (!index.isValid())
         return;
-    for (QTreeWidgetItem *up = item->parent(); up; up = up->parent())
-        up->setExpanded(true);
-    setCurrentItem(item);
+    for (QModelIndex up = index.parent(); up.isValid(); up = up.parent())
+        QTreeView::expand(up);
+    setCurrentIndex(index);
+    scrollTo(index);
 }
 
 void WorkspaceOutline::expand(const LWDocument::Ptr &document, bool withChildren)
 {
-    QTreeWidgetItem *item = itemFor(document);
     if (!document) {
-        for (int i = 0; i < topLevelItemCount(); ++i)
-            expandRecursively(indexFromItem(topLevelItem(i)));
+        for (int row = 0; row < controller->rowCount(); ++row)
+            expandRecursively(controller->index(row, 0));
         return;
     }
-    if (item && withChildren)
-        expandRecursively(indexFromItem(item));
-    else if (item)
-        item->setExpanded(true);
+    const QModelIndex index = controller->indexOf(document);
+    if (withChildren)
+        expandRecursively(index);
+    else if (index.isValid())
+        QTreeView::expand(index);
+}
+
+void WorkspaceOutline::collapseAll(const LWDocument::Ptr &document)
+{
+    collapseBelow(controller->indexOf(document));
+}
+
+// Only open rows are visited, so closed folders are never sorted for it.
+void WorkspaceOutline::collapseBelow(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    for (int row = 0; isExpanded(index) && row < controller->rowCount(index); ++row)
+        collapseBelow(controller->index(row, 0, index));
+    collapse(index);
+}
+
+void WorkspaceOutline::startRenaming(const LWDocument::Ptr &document)
+{
+    const QModelIndex index = controller->indexOf(document);
+    if (!index.isValid())
+        return;
+    select(document);
+    edit(index);
 }
 
 LWDocument::Ptr WorkspaceOutline::selected() const
 {
-    return nodeOf(currentItem());
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? nullptr : controller->nodeAt(rows.first());
+}
+
+LWDocument::Ptr WorkspaceOutline::nodeAt(const QPoint &viewportPosition) const
+{
+    return controller->nodeAt(indexAt(viewportPosition));
+}
+
+// A row the user moves to (by clicking or with the keys) opens its file;
+// rows the program selects, or that become current because rows around them
+// changed, open nothing.
+void WorkspaceOutline::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTreeView::currentChanged(current, previous);
+    const LWDocument::Ptr node = userMoving ? controller->nodeAt(current) : nullptr;
+    if (node && node->isFile())
+        emit documentChosen(node);
+}
+
+void WorkspaceOutline::mousePressEvent(QMouseEvent *event)
+{
+    const QScopedValueRollback moving(userMoving, true);
+    QTreeView::mousePressEvent(event);
+}
+
+void WorkspaceOutline::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Delete) && state() != QAbstractItemView::EditingState) {
+        if (const LWDocument::Ptr node = selected())
+            emit deleteWanted(node);
+        return;
+    }
+    const QScopedValueRollback moving(userMoving, true);
+    QTreeView::keyPressEvent(event);
 }

@@ -2,29 +2,41 @@
 
 #include "documents/LWDocument.h"
 
-#include <QSet>
-#include <QTreeWidget>
+#include <QTreeView>
 
 class LWDocumentTree;
+class LWFileOutlineController;
 
-// The sidebar: the workspace groups with their files and folders. Choosing a
-// row reports its node; rows are matched to nodes by identity, then by path.
-// Rebuilding the rows keeps the open folders open and the selection selected.
-class WorkspaceOutline : public QTreeWidget
+// The sidebar's view of the workspace: group header rows, folders and files
+// under them. Moving to a file's row (a click or the arrow keys) reports its
+// node; a second click on the selected row, or F2, edits its name in place;
+// Delete asks to delete the selected item; rows drag onto folders, and files
+// dragged in from the desktop are copied in. Open rows stay open and the selection stays while
+// the rows follow the tree.
+class WorkspaceOutline : public QTreeView
 {
     Q_OBJECT
 
 public:
     explicit WorkspaceOutline(QWidget *parent = nullptr);
 
+    LWFileOutlineController *rows() const { return controller; }
+
     void reload(const LWDocumentTree &tree);
-    // Brings the rows below the folder's row in line with its children,
-    // keeping the rows (and so the open state and selection) of children
-    // that stayed.
+    // Brings the rows below the folder's row in line with its children.
     void refreshChildren(const LWDocument::Ptr &folder);
+    // The filter field's text: rows are rebuilt for it, and every match is
+    // shown open.
+    void setFilterText(const QString &text);
+    // Selects the node's row, opening its parents; nothing for a node without a row.
     void select(const LWDocument::Ptr &document);
+    using QTreeView::expand;
+    // Null opens every group with everything below it.
     void expand(const LWDocument::Ptr &document, bool withChildren);
+    void collapseAll(const LWDocument::Ptr &document);
+    void startRenaming(const LWDocument::Ptr &document);
     LWDocument::Ptr selected() const;
+    LWDocument::Ptr nodeAt(const QPoint &viewportPosition) const;
 
 signals:
     void documentChosen(const LWDocument::Ptr &document);
@@ -32,18 +44,17 @@ signals:
     void reloading();
     void folderExpanded(const LWDocument::Ptr &folder);
     void folderCollapsed(const LWDocument::Ptr &folder);
+    void contextMenuWanted(const LWDocument::Ptr &document, const QPoint &globalPosition);
+    void deleteWanted(const LWDocument::Ptr &document);
+
+protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QTreeWidgetItem *newItem(const LWDocument::Ptr &node);
-    void addNode(QTreeWidgetItem *parentItem, const LWDocument::Ptr &node);
-    void removeItem(QTreeWidgetItem *item);
-    void forgetItem(QTreeWidgetItem *item);
-    QTreeWidgetItem *itemFor(const LWDocument::Ptr &document) const;
-    LWDocument::Ptr nodeOf(const QTreeWidgetItem *item) const;
-    static QString expansionKey(const LWDocument &node);
-    QSet<QString> expandedKeys() const;
-    void restoreExpansion(const QSet<QString> &keys);
+    void collapseBelow(const QModelIndex &index);
 
-    QHash<const QTreeWidgetItem *, std::weak_ptr<LWDocument>> nodes;
-    QHash<const LWDocument *, QTreeWidgetItem *> items;
+    LWFileOutlineController *controller;
+    bool userMoving = false;
 };

@@ -1,6 +1,6 @@
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
-#include "app/ui/WorkspaceOutline.h"
+#include "support/OutlineRows.h"
 #include "support/WebTestMain.h"
 
 #include <QDir>
@@ -22,33 +22,23 @@ private slots:
 
 private:
     WorkspaceOutline *outline() const { return delegate->window()->outline(); }
-    QTreeWidgetItem *group() const { return outline()->topLevelItemCount() > 1 ? outline()->topLevelItem(1) : nullptr; }
-    static QTreeWidgetItem *row(QTreeWidgetItem *parent, const QString &label);
-    static QStringList labels(QTreeWidgetItem *parent);
+    QModelIndex group() const { return outline()->model()->index(1, 0); }
+    QModelIndex row(const QModelIndex &parent, const QString &label) const
+    {
+        return OutlineRows::child(outline(), parent, label);
+    }
+    QStringList labels(const QModelIndex &parent) const
+    {
+        QStringList sorted = OutlineRows::labels(outline(), parent);
+        sorted.sort();
+        return sorted;
+    }
     void write(const QString &relative) const;
 
     QTemporaryDir scratch;
     QString root;
     std::unique_ptr<LWAppDelegate> delegate;
 };
-
-QTreeWidgetItem *TestSidebarFollowsDisk::row(QTreeWidgetItem *parent, const QString &label)
-{
-    for (int index = 0; parent && index < parent->childCount(); ++index) {
-        if (parent->child(index)->text(0) == label)
-            return parent->child(index);
-    }
-    return nullptr;
-}
-
-QStringList TestSidebarFollowsDisk::labels(QTreeWidgetItem *parent)
-{
-    QStringList result;
-    for (int index = 0; parent && index < parent->childCount(); ++index)
-        result.append(parent->child(index)->text(0));
-    result.sort();
-    return result;
-}
 
 void TestSidebarFollowsDisk::write(const QString &relative) const
 {
@@ -72,16 +62,16 @@ void TestSidebarFollowsDisk::initTestCase()
     delegate->window()->show();
     QSignalSpy ready(delegate.get(), &LWAppDelegate::editorReady);
     QVERIFY(ready.wait(60000));
-    QTRY_VERIFY_WITH_TIMEOUT(row(group(), QStringLiteral("sub")), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(row(group(), QStringLiteral("sub")).isValid(), 20000);
 }
 
 void TestSidebarFollowsDisk::rowsFollowTheDiskKeepingOpenFoldersAndSelection()
 {
-    group()->setExpanded(true);
-    QTreeWidgetItem *sub = row(group(), QStringLiteral("sub"));
-    sub->setExpanded(true);
-    QTreeWidgetItem *keep = row(group(), QStringLiteral("keep.txt"));
-    outline()->setCurrentItem(keep);
+    outline()->expand(group());
+    const QPersistentModelIndex sub = row(group(), QStringLiteral("sub"));
+    outline()->expand(sub);
+    const QPersistentModelIndex keep = row(group(), QStringLiteral("keep.txt"));
+    outline()->setCurrentIndex(keep);
 
     write(QStringLiteral("created.txt"));
     write(QStringLiteral("sub/added.py"));
@@ -93,25 +83,25 @@ void TestSidebarFollowsDisk::rowsFollowTheDiskKeepingOpenFoldersAndSelection()
                               QStringList({"after.txt", "created.txt", "keep.txt", "madefolder", "newfolder", "sub"}),
                               2000);
     QTRY_COMPARE_WITH_TIMEOUT(labels(sub), QStringList({"added.py", "inner.txt"}), 2000);
-    QVERIFY(group()->isExpanded() && sub->isExpanded());
-    QCOMPARE(outline()->currentItem(), keep);
+    QVERIFY(outline()->isExpanded(group()) && outline()->isExpanded(sub));
+    QCOMPARE(outline()->currentIndex(), QModelIndex(keep));
 
     // A removed subfolder goes too; a full redraw keeps open folders open
     // and watched.
     QVERIFY(QDir(root + QStringLiteral("/madefolder")).removeRecursively());
-    QTRY_VERIFY_WITH_TIMEOUT(!row(group(), QStringLiteral("madefolder")), 2000);
+    QTRY_VERIFY_WITH_TIMEOUT(!row(group(), QStringLiteral("madefolder")).isValid(), 2000);
     delegate->reloadOutline();
-    QVERIFY(group()->isExpanded() && row(group(), QStringLiteral("sub"))->isExpanded());
+    QVERIFY(outline()->isExpanded(group()) && outline()->isExpanded(row(group(), QStringLiteral("sub"))));
     QCOMPARE(outline()->selected()->fullPath(), root + QStringLiteral("/keep.txt"));
     write(QStringLiteral("sub/afterRedraw.txt"));
-    QTRY_VERIFY_WITH_TIMEOUT(row(row(group(), QStringLiteral("sub")), QStringLiteral("afterRedraw.txt")), 2000);
+    QTRY_VERIFY_WITH_TIMEOUT(row(row(group(), QStringLiteral("sub")), QStringLiteral("afterRedraw.txt")).isValid(), 2000);
 
     // A closed folder is not watched, and is brought in line when opened.
-    QTreeWidgetItem *closed = row(group(), QStringLiteral("newfolder"));
+    const QPersistentModelIndex closed = row(group(), QStringLiteral("newfolder"));
     write(QStringLiteral("newfolder/late.txt"));
     QTest::qWait(600);
     QCOMPARE(labels(closed), QStringList({"item.txt"}));
-    closed->setExpanded(true);
+    outline()->expand(closed);
     QTRY_COMPARE_WITH_TIMEOUT(labels(closed), QStringList({"item.txt", "late.txt"}), 200);
 }
 

@@ -1,7 +1,7 @@
 #include "app/ui/DocumentTabs.h"
-#include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
+#include "support/OutlineRows.h"
 #include "support/WebTestMain.h"
 #include "support/WindowDriver.h"
 
@@ -68,10 +68,10 @@ void TestUnsavedWork::aSidebarClickNeverReplacesIt()
     window->delegate->reloadOutline();
 
     WorkspaceOutline *outline = window->delegate->window()->outline();
-    QTreeWidgetItem *row = nullptr;
-    QTRY_VERIFY((row = outline->findItems(QStringLiteral("other.txt"), Qt::MatchStartsWith | Qt::MatchRecursive).value(0)));
-    outline->scrollToItem(row);
-    QTest::mouseClick(outline->viewport(), Qt::LeftButton, {}, outline->visualItemRect(row).center());
+    QModelIndex row;
+    QTRY_VERIFY((row = OutlineRows::at(outline, QStringLiteral("FILES/other.txt"))).isValid());
+    outline->scrollTo(row);
+    QTest::mouseClick(outline->viewport(), Qt::LeftButton, {}, outline->visualRect(row).center());
     QTRY_COMPARE(current(), otherDocument);
     QTRY_COMPARE(window->page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("other text"));
 
