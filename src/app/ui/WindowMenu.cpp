@@ -21,25 +21,20 @@ void stepTab(DocumentTabs *tabs, int step)
     emit tabs->tabBarClicked(index);
 }
 
-// The next row holding a file, down or up from the current one.
-QTreeWidgetItem *nextFileRow(WorkspaceOutline *outline, int step)
-{
-    QTreeWidgetItem *row = outline->currentItem();
-    const auto advance = [outline, step](QTreeWidgetItem *from) {
-        return step > 0 ? outline->itemBelow(from) : outline->itemAbove(from);
-    };
-    for (row = row ? advance(row) : outline->topLevelItem(0); row; row = advance(row)) {
-        if (row->childCount() == 0 && row->parent())
-            return row;
-    }
-    return nullptr;
-}
-
+// The next row holding a file, down or up from the current one; the outline
+// opens a file when its row becomes current.
 void stepDocument(WorkspaceOutline *outline, int step)
 {
-    if (QTreeWidgetItem *row = nextFileRow(outline, step)) {
-        outline->setCurrentItem(row);
-        emit outline->itemClicked(row, 0);
+    const auto advance = [outline, step](const QModelIndex &from) {
+        return step > 0 ? outline->indexBelow(from) : outline->indexAbove(from);
+    };
+    const QModelIndex current = outline->currentIndex();
+    for (QModelIndex row = current.isValid() ? advance(current) : outline->model()->index(0, 0); row.isValid();
+         row = advance(row)) {
+        if (!outline->model()->hasChildren(row) && row.parent().isValid()) {
+            outline->setCurrentIndex(row);
+            return;
+        }
     }
 }
 
