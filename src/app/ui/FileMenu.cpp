@@ -116,7 +116,7 @@ void build(QMenuBar *bar, const Controller &controller, const LWEnvironment *env
               {"Save", "saveAction", "Ctrl+S", &LWFileMenuController::saveAction},
               {"Save As...", "saveAsAction", "Ctrl+Shift+S", &LWFileMenuController::saveAsAction},
               {"--", "", "", nullptr},
-              {"Close", "closeAction", "Ctrl+W", &LWFileMenuController::closeAction},
+              {"Close Tab", "closeAction", "Ctrl+W", &LWFileMenuController::closeAction},
               {"Close All", "closeAllAction", "Ctrl+Shift+W", &LWFileMenuController::closeAllAction},
               {"--", "", "", nullptr},
               {"Print...", "printAction", "Ctrl+P", &LWFileMenuController::printAction},

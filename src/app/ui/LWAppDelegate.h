@@ -17,6 +17,9 @@ class LWFileMenuController;
 class LWFindMenuController;
 class LWMainWindow;
 class LWPluginsMenuController;
+class LWTabBarController;
+class LWWindowMenuController;
+class TabClosing;
 class PluginsMenu;
 class LWUtilityWebViewController;
 class LWViewMenuController;
@@ -64,6 +67,8 @@ public:
                           const std::function<void(int)> &answered) override;
     void showChoice(const QString &title, const QString &informativeText, const QString &defaultButton,
                     const QString &otherButton, const std::function<void(int)> &answered) override;
+    void showSaveQuestion(const QString &title, const QString &informativeText,
+                          const std::function<void(int)> &answered) override;
     void showInput(const QString &title, const QString &defaultValue,
                    const std::function<void(const QString &)> &accepted) override;
     void showSlider(const QString &title, double minimum, double maximum, double value,
@@ -92,9 +97,12 @@ public:
     void selectInOutline(const std::shared_ptr<LWDocument> &document) override;
     void expandInOutline(const std::shared_ptr<LWDocument> &document, bool withChildren) override;
     std::shared_ptr<LWDocument> selectedInOutline() override;
+    std::shared_ptr<LWDocument> nextDocumentInOutline() override;
+    std::shared_ptr<LWDocument> previousDocumentInOutline() override;
     void openOutlineSelectionInNewTab() override;
     void addTabWithDocument(const std::shared_ptr<LWDocument> &document) override;
     void setSelectedTabTitle(const QString &title) override;
+    void showTabForDocument(const std::shared_ptr<LWDocument> &document) override;
     void setDocumentToSelect(const std::shared_ptr<LWDocument> &document) override;
     void noteRecentDocument(const QString &path) override;
     void showOpenDialog(bool files, bool folders, const QStringList &fileTypes,
@@ -108,11 +116,13 @@ signals:
 
 private:
     void buildWindow();
+    // The tab bar's links to the documents, closing tabs and the Window menu.
+    void buildTabs();
     void postProcess();
     void buildWorkspace();
     QStringList startupPaths() const;
-    void switchTo(const std::shared_ptr<LWDocument> &document);
-    // A file chosen in the outline is shown in its own tab.
+    // A file chosen in the outline is shown in its own tab (the document
+    // manager selects or adds it on every switch).
     void openFromOutline(const std::shared_ptr<LWDocument> &document);
     // The window's close button quits as "LW_DoOnQuit" says (2 and up: it does nothing).
     void windowCloseRequested();
@@ -141,4 +151,7 @@ private:
     // Declared last so that the window and its pages go before the channels.
     std::unique_ptr<LWMainWindow> mainWindow;
     std::unique_ptr<PluginsMenu> pluginsMenu;
+    std::unique_ptr<LWTabBarController> tabBarController;
+    std::unique_ptr<TabClosing> tabClosing;
+    std::unique_ptr<LWWindowMenuController> windowMenu;
 };

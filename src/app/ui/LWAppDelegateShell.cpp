@@ -6,11 +6,11 @@
 
 #include "app/ui/Dialogs.h"
 #include "app/ui/EditorMenus.h"
-#include "app/ui/DocumentTabs.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/PluginsMenu.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
+#include "documents/ui/TabBarView.h"
 #include "editor/ui/LWBridgePage.h"
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
@@ -89,6 +89,12 @@ void LWAppDelegate::showChoice(const QString &title, const QString &informativeT
                                const QString &otherButton, const std::function<void(int)> &answered)
 {
     Dialogs::choice(mainWindow.get(), title, informativeText, defaultButton, otherButton, answered);
+}
+
+void LWAppDelegate::showSaveQuestion(const QString &title, const QString &informativeText,
+                                     const std::function<void(int)> &answered)
+{
+    Dialogs::saveQuestion(mainWindow.get(), title, informativeText, answered);
 }
 
 void LWAppDelegate::showInput(const QString &title, const QString &defaultValue,
@@ -211,6 +217,8 @@ void LWAppDelegate::setStatusSpinnerVisible(bool visible)
 void LWAppDelegate::reloadOutline()
 {
     mainWindow->outline()->reload(documents->documentTree());
+    // The tabs' titles and unsaved marks change with the rows'.
+    mainWindow->tabs()->refresh();
     if (!documentToSelect)
         return;
     const std::shared_ptr<LWDocument> selected = std::exchange(documentToSelect, nullptr);
@@ -237,25 +245,41 @@ std::shared_ptr<LWDocument> LWAppDelegate::selectedInOutline()
     return mainWindow->outline()->selected();
 }
 
+std::shared_ptr<LWDocument> LWAppDelegate::nextDocumentInOutline()
+{
+    return mainWindow->outline()->nearestDocumentRow(1);
+}
+
+std::shared_ptr<LWDocument> LWAppDelegate::previousDocumentInOutline()
+{
+    return mainWindow->outline()->nearestDocumentRow(-1);
+}
+
 void LWAppDelegate::openOutlineSelectionInNewTab()
 {
     const std::shared_ptr<LWDocument> selected = selectedInOutline();
-    if (!selected || !selected->isFile())
-        return;
-    addTabWithDocument(selected);
-    switchTo(selected);
+    if (selected && selected->isFile())
+        openFromOutline(selected);
 }
 
 void LWAppDelegate::addTabWithDocument(const std::shared_ptr<LWDocument> &document)
 {
-    mainWindow->tabs()->addDocument(document);
+    mainWindow->tabs()->addTabWithDocument(document);
 }
 
 void LWAppDelegate::setSelectedTabTitle(const QString &title)
 {
-    DocumentTabs *tabs = mainWindow->tabs();
-    if (tabs->currentIndex() >= 0)
-        tabs->setTabText(tabs->currentIndex(), title);
+    if (TabCell *selected = mainWindow->tabs()->selectedTab()) {
+        selected->setTitle(title);
+        mainWindow->tabs()->update();
+    }
+}
+
+void LWAppDelegate::showTabForDocument(const std::shared_ptr<LWDocument> &document)
+{
+    TabBarView *tabs = mainWindow->tabs();
+    if (!tabs->selectTabForDocument(document))
+        tabs->addTabWithDocument(document);
 }
 
 void LWAppDelegate::setDocumentToSelect(const std::shared_ptr<LWDocument> &document)

@@ -1,8 +1,8 @@
 #include "app/ui/LWMainWindow.h"
 
-#include "app/ui/DocumentTabs.h"
 #include "app/ui/OutlineFolderRefresh.h"
 #include "app/ui/WorkspaceOutline.h"
+#include "documents/ui/TabBarView.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -65,7 +65,7 @@ QWidget *LWMainWindow::buildEditorArea()
     auto *layout = new QVBoxLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    documentTabs = new DocumentTabs(area);
+    tabBar = new TabBarView(area);
     loadingSpinner = spinner(area);
     loadingSpinner->setRange(0, 0);
     loadingSpinner->hide();
@@ -74,7 +74,7 @@ QWidget *LWMainWindow::buildEditorArea()
     runButton->hide();
     connect(runButton, &QToolButton::clicked, this, &LWMainWindow::runRequested);
     auto *tabRow = new QHBoxLayout;
-    tabRow->addWidget(documentTabs, 1);
+    tabRow->addWidget(tabBar, 1);
     tabRow->addWidget(loadingSpinner);
     tabRow->addWidget(runButton);
     layout->addLayout(tabRow);
@@ -252,7 +252,7 @@ void LWMainWindow::setSidebarVisible(bool visible)
 
 void LWMainWindow::setTabBarVisible(bool visible)
 {
-    documentTabs->setVisible(visible);
+    tabBar->setVisible(visible);
 }
 
 void LWMainWindow::showEditor()

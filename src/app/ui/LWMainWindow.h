@@ -3,7 +3,6 @@
 #include <QMainWindow>
 #include <QStringList>
 
-class DocumentTabs;
 class QImage;
 class QLabel;
 class QMenu;
@@ -11,6 +10,7 @@ class QProgressBar;
 class QSplitter;
 class QStackedWidget;
 class QToolButton;
+class TabBarView;
 class WorkspaceOutline;
 
 // The editor window: the workspace outline on the left; on the right the tab
@@ -27,7 +27,7 @@ public:
 
     QWidget *editorView() const { return editor; }
     WorkspaceOutline *outline() const { return workspaceOutline; }
-    DocumentTabs *tabs() const { return documentTabs; }
+    TabBarView *tabs() const { return tabBar; }
 
     // Status bar.
     void setStatusMessage(const QString &message);
@@ -84,7 +84,7 @@ private:
 
     QWidget *editor;
     WorkspaceOutline *workspaceOutline;
-    DocumentTabs *documentTabs;
+    TabBarView *tabBar;
     QStackedWidget *editorStack;
     QLabel *imagePreview;
     QProgressBar *loadingSpinner;

@@ -163,6 +163,7 @@ void WorkspaceOutline::select(const LWDocument::Ptr &document)
     for (QTreeWidgetItem *up = item->parent(); up; up = up->parent())
         up->setExpanded(true);
     setCurrentItem(item);
+    scrollToItem(item);
 }
 
 void WorkspaceOutline::expand(const LWDocument::Ptr &document, bool withChildren)
@@ -182,4 +183,17 @@ void WorkspaceOutline::expand(const LWDocument::Ptr &document, bool withChildren
 LWDocument::Ptr WorkspaceOutline::selected() const
 {
     return nodeOf(currentItem());
+}
+
+LWDocument::Ptr WorkspaceOutline::nearestDocumentRow(int step) const
+{
+    QTreeWidgetItem *item = currentItem();
+    if (!item || !item->isSelected())
+        return nullptr;
+    while ((item = step > 0 ? itemBelow(item) : itemAbove(item))) {
+        const LWDocument::Ptr node = nodeOf(item);
+        if (node && node->isFile())
+            return node;
+    }
+    return nullptr;
 }

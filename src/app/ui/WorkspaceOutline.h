@@ -25,6 +25,9 @@ public:
     void select(const LWDocument::Ptr &document);
     void expand(const LWDocument::Ptr &document, bool withChildren);
     LWDocument::Ptr selected() const;
+    // The file of the nearest file row after (step 1) or before (step -1)
+    // the selected row; null without a selection or such a row.
+    LWDocument::Ptr nearestDocumentRow(int step) const;
 
 signals:
     void documentChosen(const LWDocument::Ptr &document);
