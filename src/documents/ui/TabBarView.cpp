@@ -21,9 +21,9 @@ TabBarView::TabBarView(QWidget *parent) : QWidget(parent), popupMenu(new QMenu(Q
 {
     setFixedHeight(barHeight);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // At the desktop's interface size, so that titles of the narrowest tabs still show.
     tabFont = font();
     tabFont.setFamilies({QStringLiteral("Lucida Grande"), font().family()});
-    tabFont.setPointSize(11);
 }
 
 TabBarView::~TabBarView() = default;

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int titleMargin = 10;
+constexpr int titleMargin = 8;
 constexpr int closeButtonSize = 14;
 constexpr int closeCrossInset = 4;
 constexpr int unsavedMarkSize = 7;
@@ -67,9 +67,10 @@ void TabCell::draw(QPainter &painter, const TabBarPalette &colors, const QFont &
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.fillPath(path, actived ? colors.tabActivedBGColor : colors.tabBGColor);
     painter.setPen(QPen(colors.tabBorderColor, 1));
+    painter.setBrush(Qt::NoBrush);
     painter.drawPath(path);
 
-    QRect titleRect = tabFrame.adjusted(titleMargin, 0, -(closeButtonSize + 8), 0);
+    QRect titleRect = tabFrame.adjusted(titleMargin, 0, -(closeButtonSize + 6), 0);
     if (isUnsaved()) {
         const QRectF mark(titleRect.left(), titleRect.center().y() - unsavedMarkSize / 2.0 + 1, unsavedMarkSize,
                           unsavedMarkSize);
