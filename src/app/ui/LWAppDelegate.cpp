@@ -25,6 +25,8 @@
 #include "editor/ui/LWWebViewController.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/LWPluginsMenuController.h"
+#include "remote/RemoteFolderTransfers.h"
+#include "remote/ui/TransfersMenu.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -49,6 +51,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     findMenu = std::make_unique<LWFindMenuController>();
     editorPage = std::make_unique<LWWebViewController>(bridge.get(), nullptr);
     utilityPage = std::make_unique<LWUtilityWebViewController>(bridge.get(), nullptr);
+    remoteTransfers = std::make_unique<RemoteFolderTransfers>(this, this, this);
     buildWindow();
     LWShell::setInstance(this);
     connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
@@ -65,6 +68,11 @@ LWAppDelegate::~LWAppDelegate()
         LWShell::setInstance(nullptr);
 }
 
+RemoteFolderActions *LWAppDelegate::remoteFolderActions() const
+{
+    return remoteTransfers.get();
+}
+
 void LWAppDelegate::buildWindow()
 {
     mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
@@ -77,6 +85,7 @@ void LWAppDelegate::buildWindow()
     pluginsMenu = std::make_unique<PluginsMenu>(mainWindow->menuBar()->addMenu(QStringLiteral("Plugins")),
                                                 mainWindow->statusPluginsMenu(), mainWindow.get(),
                                                 environment.get(), pluginsController.get());
+    TransfersMenu::build(mainWindow->menuBar(), remoteTransfers.get());
     updatePluginMenusForSpec(nullptr);
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);

@@ -21,6 +21,8 @@ class LWTabBarController;
 class LWWindowMenuController;
 class TabClosing;
 class PluginsMenu;
+class RemoteFolderActions;
+class RemoteFolderTransfers;
 class LWUtilityWebViewController;
 class LWViewMenuController;
 class LWWebViewController;
@@ -45,6 +47,8 @@ public:
     LWWebViewController *webView() const { return editorPage.get(); }
     LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
     LWDocumentManager *documentManager() const { return documents.get(); }
+    // Uploads, downloads and listings of the remote-mapped folders.
+    RemoteFolderActions *remoteFolderActions() const;
 
     // The Quit command: quits at once when "LW_DoOnQuit" is non-zero or
     // nothing is unsaved, otherwise only after the user confirms.
@@ -154,4 +158,5 @@ private:
     std::unique_ptr<LWTabBarController> tabBarController;
     std::unique_ptr<TabClosing> tabClosing;
     std::unique_ptr<LWWindowMenuController> windowMenu;
+    std::unique_ptr<RemoteFolderTransfers> remoteTransfers;
 };
