@@ -267,12 +267,10 @@ void LWAppDelegate::addTabWithDocument(const std::shared_ptr<LWDocument> &docume
     mainWindow->tabs()->addTabWithDocument(document);
 }
 
-void LWAppDelegate::setSelectedTabTitle(const QString &title)
+// Tabs show their documents' labels, which the rename has already changed.
+void LWAppDelegate::setSelectedTabTitle(const QString &)
 {
-    if (TabCell *selected = mainWindow->tabs()->selectedTab()) {
-        selected->setTitle(title);
-        mainWindow->tabs()->update();
-    }
+    mainWindow->tabs()->update();
 }
 
 void LWAppDelegate::showTabForDocument(const std::shared_ptr<LWDocument> &document)

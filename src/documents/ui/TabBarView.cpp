@@ -30,20 +30,15 @@ TabBarView::~TabBarView() = default;
 
 TabCell *TabBarView::addTabWithDocument(const LWDocument::Ptr &document)
 {
-    tabs.push_back(std::make_unique<TabCell>(document ? document->label() : QString(), document));
+    if (!document) {
+        qWarning("addTabWithDocument: no document to give a tab");
+        return nullptr;
+    }
+    tabs.push_back(std::make_unique<TabCell>(document));
     TabCell *tab = tabs.back().get();
     if (!isInsideBar(count() - 1))
         exchangeTabWithIndex(count() - 1, 0);
     setAsActiveTabNoNotify(tab);
-    redraw();
-    return tab;
-}
-
-TabCell *TabBarView::addTabViewWithTitle(const QString &title)
-{
-    tabs.push_back(std::make_unique<TabCell>(title));
-    TabCell *tab = tabs.back().get();
-    setAsActiveTab(tab);
     redraw();
     return tab;
 }
@@ -59,6 +54,11 @@ bool TabBarView::selectTabForDocument(const LWDocument::Ptr &document)
 
 void TabBarView::removeTabCell(TabCell *tab)
 {
+    remove(tab, true);
+}
+
+void TabBarView::remove(TabCell *tab, bool notify)
+{
     const int index = indexOf(tab);
     if (index < 0)
         return;
@@ -66,7 +66,7 @@ void TabBarView::removeTabCell(TabCell *tab)
         selected = nullptr;
     tabs.erase(tabs.begin() + index);
     if (!tabs.empty())
-        setAsActiveTab(tabAt(std::max(index - 1, 0)));
+        activate(tabAt(std::max(index - 1, 0)), notify);
     redraw();
 }
 
@@ -79,13 +79,14 @@ void TabBarView::exchangeTabWithIndex(int first, int second)
 }
 
 // A tab whose document is gone (removed from the workspace, or the
-// placeholder shown while the workspace is imported) leaves the bar; when it
-// was the active one, its neighbour takes over as on closing.
+// placeholder shown while the workspace is imported) leaves the bar. The
+// editor's document is never gone, so no switch is asked for: this runs
+// while the page may be waiting for the shell.
 void TabBarView::refresh()
 {
     for (int index = count() - 1; index >= 0; --index)
         if (tabAt(index)->hasLostDocument())
-            removeTabCell(tabAt(index));
+            remove(tabAt(index), false);
     redraw();
 }
 

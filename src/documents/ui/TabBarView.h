@@ -34,8 +34,6 @@ public:
     // activation signal; a tab that would lie outside the bar takes the
     // first place instead, so that it is seen.
     TabCell *addTabWithDocument(const LWDocument::Ptr &document);
-    // A tab without a document, appended and activated with the signal.
-    TabCell *addTabViewWithTitle(const QString &title);
     // Makes the node's tab active without the activation signal, since the
     // editor is already moving to it; false when the node has no tab.
     bool selectTabForDocument(const LWDocument::Ptr &document);
@@ -86,6 +84,7 @@ private:
     void redraw();
     void layoutTabs();
     void activate(TabCell *tab, bool notify);
+    void remove(TabCell *tab, bool notify);
     int tabWidth() const;
     TabCell *tabUnder(const QPoint &point) const;
     void drawListControl(QPainter &painter) const;

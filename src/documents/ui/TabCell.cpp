@@ -29,15 +29,12 @@ QPainterPath outline(const QRectF &frame)
 
 }
 
-TabCell::TabCell(const QString &title, const LWDocument::Ptr &document)
-    : givenTitle(title), document(document), linked(document != nullptr)
-{
-}
+TabCell::TabCell(const LWDocument::Ptr &document) : document(document) {}
 
 QString TabCell::title() const
 {
     const LWDocument::Ptr node = linkedDocument();
-    return node ? node->label() : givenTitle;
+    return node ? node->label() : QString();
 }
 
 QString TabCell::toolTip() const

@@ -17,16 +17,15 @@ struct TabBarPalette;
 class TabCell
 {
 public:
-    explicit TabCell(const QString &title, const LWDocument::Ptr &document = nullptr);
+    explicit TabCell(const LWDocument::Ptr &document);
 
-    // The linked document's label while the document lives, else the title given.
+    // The document's label, so that a rename shows at once; "" once the
+    // document is gone.
     QString title() const;
-    void setTitle(const QString &title) { givenTitle = title; }
     LWDocument::Ptr linkedDocument() const { return document.lock(); }
     bool isLinkedTo(const LWDocument::Ptr &node) const { return node && linkedDocument() == node; }
-    // A tab made for a document that no longer exists.
-    bool hasLostDocument() const { return linked && document.expired(); }
-    // The document's full path, or the title for a tab without a file.
+    bool hasLostDocument() const { return document.expired(); }
+    // The document's full path, or its title when it has no file.
     QString toolTip() const;
     bool isUnsaved() const;
 
@@ -42,9 +41,7 @@ public:
 private:
     void drawCloseButton(QPainter &painter, const TabBarPalette &colors) const;
 
-    QString givenTitle;
     std::weak_ptr<LWDocument> document;
-    bool linked;
     QRect tabFrame;
     bool actived = false;
 };
