@@ -1,18 +1,25 @@
 #include "app/LWDefaults.h"
 
 #include "app/LWDefaultsValues.h"
+#include "app/LWSettingsFile.h"
 
 namespace {
 
 const QString fontNameKey = QStringLiteral("LW_FontName");
 const QString fallbackFontName = QStringLiteral("Menlo");
 
+QString checkedSettingsPath()
+{
+    LWSettingsFile::migrate();
+    LWSettingsFile::keepCopyIfDamaged();
+    return LWSettingsFile::path();
+}
+
 }
 
 LWDefaults::LWDefaults(QObject *parent)
     : QObject(parent),
-      store(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Larkwood"),
-            QStringLiteral("Larkwood"))
+      store(checkedSettingsPath(), QSettings::IniFormat)
 {
 }
 
@@ -34,9 +41,22 @@ bool LWDefaults::hasKey(const QString &key) const
 
 QVariant LWDefaults::objectForKey(const QString &key) const
 {
-    if (store.contains(key))
-        return store.value(key);
+    if (!store.contains(key))
+        return registered.value(key);
+    const QVariant stored = store.value(key);
+    if (LWDefaultsValues::fits(stored, registered.value(key)))
+        return stored;
+    reportUnfitValue(key, stored);
     return registered.value(key);
+}
+
+void LWDefaults::reportUnfitValue(const QString &key, const QVariant &stored) const
+{
+    if (reportedKeys.contains(key))
+        return;
+    reportedKeys.insert(key);
+    qWarning("LWDefaults : the stored value \"%s\" of %s is not of its kind; its registered default applies",
+             qUtf8Printable(stored.toString().left(80)), qUtf8Printable(key));
 }
 
 bool LWDefaults::boolForKey(const QString &key) const
@@ -110,8 +130,14 @@ QVariantMap LWDefaults::dictionaryRepresentation() const
 void LWDefaults::synchronize()
 {
     store.sync();
-    if (store.status() != QSettings::NoError)
+    if (store.status() == QSettings::AccessError) {
         qWarning("LWDefaults : could not write \"%s\"", qUtf8Printable(store.fileName()));
+    } else if (store.status() == QSettings::FormatError && !unreadableLinesReported) {
+        // The status stays set for the life of the store; say it once.
+        unreadableLinesReported = true;
+        qWarning("LWDefaults : \"%s\" held lines that could not be read; they are left out",
+                 qUtf8Printable(store.fileName()));
+    }
 }
 
 QVariant LWDefaults::comparable(const QString &key, const QVariant &value) const

@@ -10,6 +10,7 @@
 #include "app/ui/PluginsMenu.h"
 #include "app/ui/TabClosing.h"
 #include "app/ui/WindowMenu.h"
+#include "app/ui/PreferencesCommands.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
@@ -80,6 +81,7 @@ void LWAppDelegate::buildWindow()
                     environment.get(), [this] { requestQuit(); });
     EditorMenus::build(mainWindow->menuBar(), {editMenu.get(), documentMenu.get(), viewMenu.get(), findMenu.get()},
                        environment.get());
+    addPreferencesCommands();
     mainWindow->setSpecMenu(mainWindow->menuBar()->findChild<QMenu *>(QStringLiteral("specsMenu")));
     pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get());
     pluginsMenu = std::make_unique<PluginsMenu>(mainWindow->menuBar()->addMenu(QStringLiteral("Plugins")),
@@ -117,6 +119,19 @@ void LWAppDelegate::buildTabs()
     WindowMenu::build(mainWindow->menuBar(), *windowMenu);
     // A chosen tab gives the keyboard back to the editor.
     connect(tabBar, &TabBarView::tabDidActived, editorPage->view(), [view = editorPage->view()] { view->setFocus(); });
+}
+
+// The preferences commands close the Edit menu, as on other Linux editors.
+void LWAppDelegate::addPreferencesCommands()
+{
+    preferenceCommands = std::make_unique<PreferencesCommands>(mainWindow.get(), *this, *viewMenu, *defaultsController);
+    for (QAction *entry : mainWindow->menuBar()->actions()) {
+        if (entry->menu() && entry->text() == QLatin1String("Edit")) {
+            preferenceCommands->addMenuItems(entry->menu());
+            return;
+        }
+    }
+    qWarning("No Edit menu: the preferences commands have no menu items");
 }
 
 // The editor page has loaded: the first time, build the workspace (the

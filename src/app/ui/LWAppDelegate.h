@@ -21,6 +21,7 @@ class LWTabBarController;
 class LWWindowMenuController;
 class TabClosing;
 class PluginsMenu;
+class PreferencesCommands;
 class RemoteFolderActions;
 class RemoteFolderTransfers;
 class LWUtilityWebViewController;
@@ -47,6 +48,7 @@ public:
     LWWebViewController *webView() const { return editorPage.get(); }
     LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
     LWDocumentManager *documentManager() const { return documents.get(); }
+    PreferencesCommands *preferences() const { return preferenceCommands.get(); }
     // Uploads, downloads and listings of the remote-mapped folders.
     RemoteFolderActions *remoteFolderActions() const;
 
@@ -122,6 +124,7 @@ private:
     void buildWindow();
     // The tab bar's links to the documents, closing tabs and the Window menu.
     void buildTabs();
+    void addPreferencesCommands();
     void postProcess();
     void buildWorkspace();
     QStringList startupPaths() const;
@@ -158,5 +161,6 @@ private:
     std::unique_ptr<LWTabBarController> tabBarController;
     std::unique_ptr<TabClosing> tabClosing;
     std::unique_ptr<LWWindowMenuController> windowMenu;
+    std::unique_ptr<PreferencesCommands> preferenceCommands;
     std::unique_ptr<RemoteFolderTransfers> remoteTransfers;
 };
