@@ -458,6 +458,13 @@ QString LWDocument::editorStateQuery() const
 // node's tag but leaves the content out means the page still holds the node's
 // text. Anything else (no answer, not JSON, another tag) means the page could
 // not report its text, and the node keeps what it has rather than lose it.
+bool LWDocument::isUnchangedIn(const QString &editorState) const
+{
+    LWDocumentState state;
+    state.updateFromJson(editorState);
+    return !contentTagValue.isEmpty() && state.tag == contentTagValue;
+}
+
 void LWDocument::updateFromJson(const QString &json)
 {
     LWDocumentState state;

@@ -131,6 +131,10 @@ public:
     // The script that reads the editor's state back without moving the text
     // when the page still holds exactly this node's content.
     QString editorStateQuery() const;
+    // True when a state answered to editorStateQuery() names exactly the
+    // text this node last gave the editor or read back from it: nothing was
+    // typed since.
+    bool isUnchangedIn(const QString &editorState) const;
 
     // Children.
     void addChildDocument(const Ptr &child);

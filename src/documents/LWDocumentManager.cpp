@@ -165,6 +165,7 @@ void LWDocumentManager::showInEditor(const LWDocument::Ptr &document)
     current = document;
     if (!shell)
         return;
+    shell->showTabForDocument(document);
     shell->setWindowTitle(document->path().isEmpty()
                               ? document->label()
                               : QStringLiteral("%1 - %2").arg(document->label(), document->path()));
@@ -176,6 +177,25 @@ void LWDocumentManager::showInEditor(const LWDocument::Ptr &document)
     shell->showEditorView();
     loadIntoEditor(document);
     watcher->watch(document);
+}
+
+void LWDocumentManager::showNoDocument()
+{
+    if (switching) {
+        qWarning("showNoDocument: a switch is running; the editor keeps its document");
+        return;
+    }
+    LWShell *shell = LWShell::instance();
+    if (current && shell && !showsAsImage(current))
+        storeOutgoingState();
+    current = nullptr;
+    if (!shell)
+        return;
+    shell->setWindowTitle(QStringLiteral("Larkwood"));
+    shell->setSpecPopupTitle(QString());
+    shell->updatePluginMenusForSpec(nullptr);
+    shell->showEditorView();
+    shell->sendToEditor(QStringLiteral("lw.setState({\"content\":\"\",\"mode\":\"text\",\"readOnly\":true});"));
 }
 
 void LWDocumentManager::reloadFromDisk(const LWDocument::Ptr &document)

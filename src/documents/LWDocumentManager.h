@@ -52,6 +52,10 @@ public:
     // to its specification. Asked again while a switch runs, it switches
     // once that one is done.
     void switchToDoc(const LWDocument::Ptr &document);
+    // The last tab was closed: the outgoing node keeps its text and cursor
+    // state, and the editor shows an empty read-only page until a document
+    // is opened again. No node is current meanwhile.
+    void showNoDocument();
     // Reads the node's file again and shows the new text if it is in the editor.
     void reloadFromDisk(const LWDocument::Ptr &document);
 

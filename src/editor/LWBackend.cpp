@@ -39,15 +39,22 @@ void LWBackend::currentDocumentChanged()
     const PageCall call;
     LWDocumentManager *manager = LWDocumentManager::shared();
     const LWDocument::Ptr document = manager ? manager->currentDocument() : nullptr;
-    if (!document || !document->saved() || LWDocumentManager::showsAsImage(document))
+    LWShell *shell = LWShell::instance();
+    if (!shell || !document || !document->saved() || LWDocumentManager::showsAsImage(document))
         return;
-    document->setSaved(false);
-    QMetaObject::invokeMethod(this, [document] {
+    // The page reports changes a frame late, possibly after the editor has
+    // moved on to another document: only a text that is no longer the one
+    // the current document gave the editor marks that document unsaved.
+    shell->evaluateInEditor(document->editorStateQuery(), [document](const QString &state) {
+        LWDocumentManager *manager = LWDocumentManager::shared();
+        if (!manager || manager->currentDocument() != document || !document->saved() || document->isUnchangedIn(state))
+            return;
+        document->setSaved(false);
         if (LWShell *shell = LWShell::instance()) {
             shell->reloadOutline();
             shell->selectInOutline(document);
         }
-    }, Qt::QueuedConnection);
+    });
 }
 
 void LWBackend::searchOptChanged_withValue_(const QString &key, bool value)

@@ -74,14 +74,14 @@ void tst_LWDocumentManager::switchingStoresTheOutgoingTextAndLoadsTheIncoming()
     const QString setA = QStringLiteral("script lw.setState({\"content\":\"%1\",\"mode\":\"python\",\"readOnly\":false,"
                                         "\"tag\":\"T\"});");
     QCOMPARE(withTagsHidden(shell->calls), QStringList({
-        "loading spinner hidden", "window title a.py", "editor shown", setA.arg("A"),
+        "loading spinner hidden", "tab show a.py", "window title a.py", "editor shown", setA.arg("A"),
         "script lw.loadLocalState('" + a->identity() + "');",
         "loading spinner hidden", "script lw.getState('T')", "script lw.saveLocalState('" + a->identity() + "');",
-        "window title b.txt - proj", "editor shown",
+        "tab show b.txt", "window title b.txt - proj", "editor shown",
         "script lw.setState({\"content\":\"B\",\"mode\":\"text\",\"readOnly\":false,\"tag\":\"T\"});",
         "script lw.loadLocalState('" + b->identity() + "');",
         "loading spinner hidden", "script lw.getState('T')", "script lw.saveLocalState('" + b->identity() + "');",
-        "window title a.py", "editor shown", setA.arg("edited A"),
+        "tab show a.py", "window title a.py", "editor shown", setA.arg("edited A"),
         "script lw.loadLocalState('" + a->identity() + "');"}));
     QCOMPARE(b->content(), std::optional<QString>(QStringLiteral("edited B")));
 
@@ -105,7 +105,7 @@ void tst_LWDocumentManager::imagesReplaceTheEditor()
     shell->calls.clear();
 
     manager.switchToDoc(LWDocument::fileFromPath(fixtures->path("pic.png")));
-    QCOMPARE(shell->calls.mid(3), QStringList({"window title pic.png", "image preview 4x3"}));
+    QCOMPARE(shell->calls.mid(3), QStringList({"tab show pic.png", "window title pic.png", "image preview 4x3"}));
     QCOMPARE(text->content(), std::optional<QString>(QStringLiteral("kept")));
 
     manager.switchToDoc(LWDocument::fileFromPath(fixtures->write("vector.svg", svg)));
@@ -128,7 +128,7 @@ void tst_LWDocumentManager::untitledWorkspaceStartsWithACopy()
 
     shell->calls.clear();
     manager->switchToDoc(untitled);
-    QCOMPARE(withTagsHidden(shell->calls.mid(4)), QStringList({"editor shown",
+    QCOMPARE(withTagsHidden(shell->calls.mid(5)), QStringList({"editor shown",
         "script lw.setState({\"content\":\"\",\"mode\":\"text\",\"readOnly\":false,\"tag\":\"T\"});",
         "script lw.loadLocalState('" + untitled->identity() + "');"}));
 }

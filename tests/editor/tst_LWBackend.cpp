@@ -186,6 +186,7 @@ void TestBackend::documentsFollowTheCurrentOne()
     current->setSaved(true);
 
     QCOMPARE(backend->getLabel(), QStringLiteral("open.txt"));
+    QCoreApplication::processEvents();
     backend->currentDocumentChanged();
     QVERIFY(!current->saved());
     QTRY_VERIFY(shell->calls.contains(QStringLiteral("outline reload")));

@@ -74,6 +74,12 @@ public:
         alerts.append({title, informativeText});
         answered(confirmationAnswer);
     }
+    void showSaveQuestion(const QString &title, const QString &informativeText,
+                          const std::function<void(int)> &answered) override
+    {
+        alerts.append({title, informativeText});
+        answered(confirmationAnswer);
+    }
     void showInput(const QString &title, const QString &defaultValue,
                    const std::function<void(const QString &)> &accepted) override
     {
@@ -151,6 +157,8 @@ public:
                               withChildren ? QStringLiteral(" with children") : QString()));
     }
     std::shared_ptr<LWDocument> selectedInOutline() override { return outlineSelection; }
+    std::shared_ptr<LWDocument> nextDocumentInOutline() override { return nullptr; }
+    std::shared_ptr<LWDocument> previousDocumentInOutline() override { return nullptr; }
     void openOutlineSelectionInNewTab() override { calls.append(QStringLiteral("outline open selection in new tab")); }
     void addTabWithDocument(const std::shared_ptr<LWDocument> &document) override
     {
@@ -158,6 +166,10 @@ public:
         calls.append(QStringLiteral("tab add ") + labelOf(document));
     }
     void setSelectedTabTitle(const QString &title) override { calls.append(QStringLiteral("tab title ") + title); }
+    void showTabForDocument(const std::shared_ptr<LWDocument> &document) override
+    {
+        calls.append(QStringLiteral("tab show ") + labelOf(document));
+    }
     void setDocumentToSelect(const std::shared_ptr<LWDocument> &document) override
     {
         documentToSelect = document;

@@ -31,6 +31,10 @@
   }
 
   Sessions.prototype.prepare = function (session, content, modeName, tag) {
+    // The text a session starts with is not an edit: undo never removes it,
+    // and the first edit starts an undo step of its own.
+    session.getUndoManager().reset();
+    session.markUndoGroup();
     session.lwId = PAGE_ID + '-' + (++sessionCount);
     session.lwRevision = 0;
     session.lwSnapshot = { revision: 0, content: content };

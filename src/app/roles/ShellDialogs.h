@@ -21,6 +21,10 @@ public:
     // Two buttons named by the caller: answers 1 for the default one, 0 for the other.
     virtual void showChoice(const QString &title, const QString &informativeText, const QString &defaultButton,
                             const QString &otherButton, const std::function<void(int)> &answered) = 0;
+    // "Save" (the default) / "Don't Save" / "Cancel" for unsaved changes:
+    // answers 1 for "Save", 0 for "Don't Save"; "Cancel" calls nothing.
+    virtual void showSaveQuestion(const QString &title, const QString &informativeText,
+                                  const std::function<void(int)> &answered) = 0;
     // One text field whose placeholder is defaultValue; answers the typed text on "OK".
     virtual void showInput(const QString &title, const QString &defaultValue,
                            const std::function<void(const QString &)> &accepted) = 0;

@@ -112,6 +112,21 @@ void yesNo(QWidget *window, const QString &title, const QString &informativeText
     choice(window, title, informativeText, QStringLiteral("No"), QStringLiteral("Yes"), answered);
 }
 
+void saveQuestion(QWidget *window, const QString &title, const QString &informativeText,
+                  const std::function<void(int)> &answered)
+{
+    QMessageBox *box = messageBox(window, title, informativeText);
+    QPushButton *save = box->addButton(QStringLiteral("Save"), QMessageBox::AcceptRole);
+    QPushButton *discard = box->addButton(QStringLiteral("Don't Save"), QMessageBox::DestructiveRole);
+    box->setEscapeButton(box->addButton(QStringLiteral("Cancel"), QMessageBox::RejectRole));
+    box->setDefaultButton(save);
+    QObject::connect(box, &QMessageBox::finished, box, [box, save, discard, answered] {
+        if (box->clickedButton() == save || box->clickedButton() == discard)
+            answered(box->clickedButton() == save ? 1 : 0);
+    });
+    box->open();
+}
+
 void input(QWidget *window, const QString &title, const QString &defaultValue,
            const std::function<void(const QString &)> &accepted)
 {

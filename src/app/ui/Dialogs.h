@@ -24,6 +24,10 @@ void okCancel(QWidget *window, const QString &title, const QString &informativeT
 // "No" (the default, so Return is the safe answer) / "Yes": answers 0 for "Yes", 1 for "No".
 void yesNo(QWidget *window, const QString &title, const QString &informativeText,
            const std::function<void(int)> &answered);
+// "Save" (default) / "Don't Save" / "Cancel": answers 1 for "Save", 0 for
+// "Don't Save"; "Cancel" (and Escape) calls nothing.
+void saveQuestion(QWidget *window, const QString &title, const QString &informativeText,
+                  const std::function<void(int)> &answered);
 // One text field with defaultValue as its grey hint, so "OK" on an untouched
 // field answers "".
 void input(QWidget *window, const QString &title, const QString &defaultValue,

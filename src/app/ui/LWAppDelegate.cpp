@@ -2,17 +2,21 @@
 
 #include "app/LWDefaults.h"
 #include "app/LWDefaultsController.h"
-#include "app/ui/DocumentTabs.h"
 #include "app/ui/LWFileOutlineController.h"
 #include "app/ui/LWFileOutlineMenuController.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/LWUIController.h"
+#include "app/ui/LWTabBarController.h"
+#include "app/ui/LWWindowMenuController.h"
+#include "app/ui/TabClosing.h"
+#include "app/ui/WindowMenu.h"
 #include "app/ui/PreferencesCommands.h"
 #include "app/ui/WindowSession.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
 #include "documents/LWFileMenuController.h"
+#include "documents/ui/TabBarView.h"
 #include "editor/LWBackend.h"
 #include "editor/LWDocumentMenuController.h"
 #include "editor/LWEditMenuController.h"
@@ -100,19 +104,29 @@ void LWAppDelegate::buildWindow()
         else
             qInfo("Dropped paths ignored: the workspace is not up yet");
     });
+    buildTabs();
     // Asked after the tab bar has settled, so a tab being closed is gone.
-    connect(mainWindow->tabs(), &DocumentTabs::tabsChanged, this, &LWAppDelegate::reportOpenDocuments,
+    connect(mainWindow->tabs(), &TabBarView::tabsChanged, this, &LWAppDelegate::reportOpenDocuments,
             Qt::QueuedConnection);
     if (!WindowSession::restoreFrame(*mainWindow))
         mainWindow->resize(1200, 800);
-    connect(mainWindow->tabs(), &DocumentTabs::documentChosen, this, [this](const LWDocument::Ptr &document) {
-        mainWindow->outline()->select(document);
-        switchTo(document);
-        editorPage->view()->setFocus();
-    });
     // The terminal console lives in the editor page, which needs the keyboard too.
     if (auto *terminalFocus = mainWindow->menuBar()->findChild<QAction *>(QStringLiteral("toggleTerminalFocusAction")))
         connect(terminalFocus, &QAction::triggered, editorPage->view(), [view = editorPage->view()] { view->setFocus(); });
+}
+
+// The manager and the File menu's controller are replaced once the
+// workspace is built, so the tab classes reach them through this delegate.
+void LWAppDelegate::buildTabs()
+{
+    TabBarView *tabBar = mainWindow->tabs();
+    const auto manager = [this]() -> LWDocumentManager & { return *documents; };
+    tabBarController = std::make_unique<LWTabBarController>(*tabBar, manager, *this);
+    tabClosing = std::make_unique<TabClosing>(*tabBar, manager, *this, [this] { fileMenu->saveAction(); });
+    windowMenu = std::make_unique<LWWindowMenuController>(*tabBar, *this, *tabClosing);
+    WindowMenu::build(mainWindow->menuBar(), *windowMenu);
+    // A chosen tab gives the keyboard back to the editor.
+    connect(tabBar, &TabBarView::tabDidActived, editorPage->view(), [view = editorPage->view()] { view->setFocus(); });
 }
 
 // The preferences commands close the Edit menu, as on other Linux editors.
@@ -177,16 +191,8 @@ QStringList LWAppDelegate::rememberedPaths() const
     return LWDocumentTree::restorablePaths(defaults->arrayForKey(QStringLiteral("LW_PreviouslyOpened")));
 }
 
-void LWAppDelegate::switchTo(const std::shared_ptr<LWDocument> &document)
+void LWAppDelegate::openFromOutline(const std::shared_ptr<LWDocument> &document)
 {
     documents->switchToDoc(document);
     goToPendingLine();
-}
-
-void LWAppDelegate::openFromOutline(const std::shared_ptr<LWDocument> &document)
-{
-    // The tab first: a switch asked for while this one waits on the page
-    // runs after it, and its tab must be the one left selected.
-    mainWindow->tabs()->showDocument(document);
-    switchTo(document);
 }

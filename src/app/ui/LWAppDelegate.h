@@ -19,6 +19,9 @@ class LWFindMenuController;
 class LWMainWindow;
 class LWPluginsMenuController;
 class LWUIController;
+class LWTabBarController;
+class LWWindowMenuController;
+class TabClosing;
 class PreferencesCommands;
 class RemoteFolderActions;
 class RemoteFolderTransfers;
@@ -81,6 +84,8 @@ public:
                           const std::function<void(int)> &answered) override;
     void showChoice(const QString &title, const QString &informativeText, const QString &defaultButton,
                     const QString &otherButton, const std::function<void(int)> &answered) override;
+    void showSaveQuestion(const QString &title, const QString &informativeText,
+                          const std::function<void(int)> &answered) override;
     void showInput(const QString &title, const QString &defaultValue,
                    const std::function<void(const QString &)> &accepted) override;
     void showSlider(const QString &title, double minimum, double maximum, double value,
@@ -109,9 +114,12 @@ public:
     void selectInOutline(const std::shared_ptr<LWDocument> &document) override;
     void expandInOutline(const std::shared_ptr<LWDocument> &document, bool withChildren) override;
     std::shared_ptr<LWDocument> selectedInOutline() override;
+    std::shared_ptr<LWDocument> nextDocumentInOutline() override;
+    std::shared_ptr<LWDocument> previousDocumentInOutline() override;
     void openOutlineSelectionInNewTab() override;
     void addTabWithDocument(const std::shared_ptr<LWDocument> &document) override;
     void setSelectedTabTitle(const QString &title) override;
+    void showTabForDocument(const std::shared_ptr<LWDocument> &document) override;
     void setDocumentToSelect(const std::shared_ptr<LWDocument> &document) override;
     void noteRecentDocument(const QString &path) override;
     void showOpenDialog(bool files, bool folders, const QStringList &fileTypes,
@@ -127,6 +135,8 @@ signals:
 
 private:
     void buildWindow();
+    // The tab bar's links to the documents, closing tabs and the Window menu.
+    void buildTabs();
     void addPreferencesCommands();
     void postProcess();
     void buildWorkspace();
@@ -138,6 +148,8 @@ private:
     void goToPendingLine();
     void reportOpenDocuments();
     // A file chosen in the outline is shown in its own tab.
+    // A file chosen in the outline is shown in its own tab (the document
+    // manager selects or adds it on every switch).
     void openFromOutline(const std::shared_ptr<LWDocument> &document);
     // The window's close button quits as "LW_DoOnQuit" says (2 and up: it does nothing).
     void windowCloseRequested();
@@ -171,6 +183,9 @@ private:
     // Declared last so that the window and its pages go before the channels.
     std::unique_ptr<LWMainWindow> mainWindow;
     std::unique_ptr<LWUIController> uiController;
+    std::unique_ptr<LWTabBarController> tabBarController;
+    std::unique_ptr<TabClosing> tabClosing;
+    std::unique_ptr<LWWindowMenuController> windowMenu;
     std::unique_ptr<PreferencesCommands> preferenceCommands;
     std::unique_ptr<RemoteFolderTransfers> remoteTransfers;
 };

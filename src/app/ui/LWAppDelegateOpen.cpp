@@ -2,7 +2,7 @@
 // line a start asks for, and the tabs of the last run.
 #include "app/ui/LWAppDelegate.h"
 
-#include "app/ui/DocumentTabs.h"
+#include "documents/ui/TabBarView.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/WindowSession.h"
 #include "app/ui/WorkspaceOutline.h"
@@ -64,7 +64,8 @@ void LWAppDelegate::restoreTabs()
     const LWDocumentTree &tree = documents->documentTree();
     for (const QString &path : WindowSession::openTabs()) {
         if (const LWDocument::Ptr document = tree.documentWithFullPath(path); document && document->isFile())
-            mainWindow->tabs()->showDocument(document);
+            if (!mainWindow->tabs()->selectTabForDocument(document))
+                mainWindow->tabs()->addTabWithDocument(document);
     }
     const LWDocument::Ptr selected = tree.documentWithFullPath(WindowSession::selectedTab());
     if (selected && selected->isFile()) {

@@ -4,7 +4,7 @@
 
 #include "app/LWDefaults.h"
 #include "app/ui/Dialogs.h"
-#include "app/ui/DocumentTabs.h"
+#include "documents/ui/TabBarView.h"
 #include "app/ui/WindowSession.h"
 #include "app/ui/LWMainWindow.h"
 #include "documents/LWDocumentManager.h"

@@ -5,12 +5,12 @@
 #include "documents/LWRecentDocuments.h"
 
 #include "app/ui/Dialogs.h"
-#include "app/ui/DocumentTabs.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/LWStatusBar.h"
 #include "app/ui/LWUIController.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
+#include "documents/ui/TabBarView.h"
 #include "editor/ui/LWBridgePage.h"
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
@@ -85,6 +85,12 @@ void LWAppDelegate::showChoice(const QString &title, const QString &informativeT
                                const QString &otherButton, const std::function<void(int)> &answered)
 {
     Dialogs::choice(mainWindow.get(), title, informativeText, defaultButton, otherButton, answered);
+}
+
+void LWAppDelegate::showSaveQuestion(const QString &title, const QString &informativeText,
+                                     const std::function<void(int)> &answered)
+{
+    Dialogs::saveQuestion(mainWindow.get(), title, informativeText, answered);
 }
 
 void LWAppDelegate::showInput(const QString &title, const QString &defaultValue,
@@ -204,6 +210,8 @@ void LWAppDelegate::setStatusSpinnerVisible(bool visible)
 void LWAppDelegate::reloadOutline()
 {
     mainWindow->outline()->reload(documents->documentTree());
+    // The tabs' titles and unsaved marks change with the rows'.
+    mainWindow->tabs()->refresh();
     if (!documentToSelect)
         return;
     const std::shared_ptr<LWDocument> selected = std::exchange(documentToSelect, nullptr);
@@ -231,25 +239,39 @@ std::shared_ptr<LWDocument> LWAppDelegate::selectedInOutline()
     return mainWindow->outline()->selected();
 }
 
+std::shared_ptr<LWDocument> LWAppDelegate::nextDocumentInOutline()
+{
+    return mainWindow->outline()->nearestDocumentRow(1);
+}
+
+std::shared_ptr<LWDocument> LWAppDelegate::previousDocumentInOutline()
+{
+    return mainWindow->outline()->nearestDocumentRow(-1);
+}
+
 void LWAppDelegate::openOutlineSelectionInNewTab()
 {
     const std::shared_ptr<LWDocument> selected = selectedInOutline();
-    if (!selected || !selected->isFile())
-        return;
-    addTabWithDocument(selected);
-    switchTo(selected);
+    if (selected && selected->isFile())
+        openFromOutline(selected);
 }
 
 void LWAppDelegate::addTabWithDocument(const std::shared_ptr<LWDocument> &document)
 {
-    mainWindow->tabs()->addDocument(document);
+    mainWindow->tabs()->addTabWithDocument(document);
 }
 
-void LWAppDelegate::setSelectedTabTitle(const QString &title)
+// Tabs show their documents' labels, which the rename has already changed.
+void LWAppDelegate::setSelectedTabTitle(const QString &)
 {
-    DocumentTabs *tabs = mainWindow->tabs();
-    if (tabs->currentIndex() >= 0)
-        tabs->setTabText(tabs->currentIndex(), title);
+    mainWindow->tabs()->update();
+}
+
+void LWAppDelegate::showTabForDocument(const std::shared_ptr<LWDocument> &document)
+{
+    TabBarView *tabs = mainWindow->tabs();
+    if (!tabs->selectTabForDocument(document))
+        tabs->addTabWithDocument(document);
 }
 
 void LWAppDelegate::setDocumentToSelect(const std::shared_ptr<LWDocument> &document)

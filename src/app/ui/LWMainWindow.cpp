@@ -1,11 +1,11 @@
 #include "app/ui/LWMainWindow.h"
 
-#include "app/ui/DocumentTabs.h"
 #include "app/ui/ImagePreview.h"
 #include "app/ui/LWStatusBar.h"
 #include "app/ui/OutlineFolderRefresh.h"
 #include "app/ui/Spinner.h"
 #include "app/ui/WorkspaceOutline.h"
+#include "documents/ui/TabBarView.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -81,7 +81,7 @@ QWidget *LWMainWindow::buildEditorArea()
     auto *layout = new QVBoxLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    documentTabs = new DocumentTabs(area);
+    tabBar = new TabBarView(area);
     loadingSpinner = makeSpinner(area);
     loadingSpinner->setRange(0, 0);
     loadingSpinner->hide();
@@ -90,7 +90,7 @@ QWidget *LWMainWindow::buildEditorArea()
     runButton->hide();
     connect(runButton, &QToolButton::clicked, this, &LWMainWindow::runRequested);
     auto *tabRow = new QHBoxLayout;
-    tabRow->addWidget(documentTabs, 1);
+    tabRow->addWidget(tabBar, 1);
     tabRow->addWidget(loadingSpinner);
     tabRow->addWidget(runButton);
     layout->addLayout(tabRow);
@@ -224,7 +224,7 @@ void LWMainWindow::setSidebarSplitSizes(const QList<int> &sizes)
 
 void LWMainWindow::setTabBarVisible(bool visible)
 {
-    documentTabs->setVisible(visible);
+    tabBar->setVisible(visible);
 }
 
 void LWMainWindow::setPartsPalette(const QPalette &palette)

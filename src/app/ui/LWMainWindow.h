@@ -3,7 +3,6 @@
 #include <QMainWindow>
 #include <QStringList>
 
-class DocumentTabs;
 class ImagePreview;
 class LWStatusBar;
 class QImage;
@@ -14,6 +13,7 @@ class QProgressBar;
 class QSplitter;
 class QStackedWidget;
 class QToolButton;
+class TabBarView;
 class WorkspaceOutline;
 
 // The editor window: the workspace outline under its filter field on the left; on the right the tab
@@ -31,7 +31,7 @@ public:
     QWidget *editorView() const { return editor; }
     WorkspaceOutline *outline() const { return workspaceOutline; }
     QLineEdit *outlineFilterField() const { return outlineFilter; }
-    DocumentTabs *tabs() const { return documentTabs; }
+    TabBarView *tabs() const { return tabBar; }
     LWStatusBar *statusArea() const { return statusPanel; }
 
     // Layout parts.
@@ -86,7 +86,7 @@ private:
     QWidget *sidebarPane;
     QLineEdit *outlineFilter;
     WorkspaceOutline *workspaceOutline;
-    DocumentTabs *documentTabs;
+    TabBarView *tabBar;
     QSplitter *sidebarSplit;
     // The sidebar's width when it was last hidden.
     int sidebarWidth = 220;

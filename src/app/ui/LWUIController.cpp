@@ -9,7 +9,6 @@
 #include "app/ui/LWStatusBar.h"
 #include "app/ui/PluginsMenu.h"
 #include "app/ui/WindowColors.h"
-#include "app/ui/WindowMenu.h"
 #include "editor/StoredEditorSettings.h"
 #include "extensions/ui/LWPluginsMenuController.h"
 
@@ -48,7 +47,8 @@ void LWUIController::setupCustomMenus()
     pluginsMenu = std::make_unique<PluginsMenu>(bar->addMenu(QStringLiteral("Plugins")),
                                                 window->statusArea()->pluginsMenu(), window, environment,
                                                 controllers.plugins);
-    WindowMenu::build(bar, window->tabs(), window->outline());
+    // Its items come with the tab bar's controllers; the menu keeps its place before Help.
+    bar->addMenu(QStringLiteral("Window"));
     HelpMenu::build(bar, help.get(), window);
     updatePluginMenusForSpec(nullptr);
 }

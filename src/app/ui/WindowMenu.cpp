@@ -1,7 +1,7 @@
 #include "app/ui/WindowMenu.h"
 
-#include "app/ui/DocumentTabs.h"
-#include "app/ui/WorkspaceOutline.h"
+#include "app/ui/LWWindowMenuController.h"
+#include "extensions/ui/MenuValidation.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -12,55 +12,54 @@ namespace WindowMenu {
 
 namespace {
 
-void stepTab(DocumentTabs *tabs, int step)
+using Action = void (LWWindowMenuController::*)();
+
+QMenu *windowMenu(QMenuBar *bar)
 {
-    if (tabs->count() < 2)
-        return;
-    const int index = (tabs->currentIndex() + step + tabs->count()) % tabs->count();
-    tabs->setCurrentIndex(index);
-    emit tabs->tabBarClicked(index);
+    for (QAction *item : bar->actions())
+        if (item->menu() && item->text() == QLatin1String("Window"))
+            return item->menu();
+    return bar->addMenu(QStringLiteral("Window"));
 }
 
-// The next row holding a file, down or up from the current one; the outline
-// opens a file when its row becomes current.
-void stepDocument(WorkspaceOutline *outline, int step)
-{
-    const auto advance = [outline, step](const QModelIndex &from) {
-        return step > 0 ? outline->indexBelow(from) : outline->indexAbove(from);
-    };
-    const QModelIndex current = outline->currentIndex();
-    for (QModelIndex row = current.isValid() ? advance(current) : outline->model()->index(0, 0); row.isValid();
-         row = advance(row)) {
-        if (!outline->model()->hasChildren(row) && row.parent().isValid()) {
-            outline->setCurrentIndex(row);
-            return;
-        }
-    }
-}
-
-QAction *addItem(QMenu *menu, const QString &title, const char *name, const char *keys)
+void addItem(QMenu *menu, LWWindowMenuController &controller, const QString &title, const QString &action,
+             const QList<QKeySequence> &shortcuts, Action run)
 {
     QAction *item = menu->addAction(title);
-    item->setObjectName(QString::fromLatin1(name));
-    item->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(keys)));
-    return item;
+    item->setObjectName(action);
+    item->setShortcuts(shortcuts);
+    QObject::connect(item, &QAction::triggered, menu, [&controller, run] { (controller.*run)(); });
 }
 
-}
-
-void build(QMenuBar *bar, DocumentTabs *tabs, WorkspaceOutline *outline)
+void bindFileItem(QMenuBar *bar, const QString &action, LWWindowMenuController &controller, Action run)
 {
-    QMenu *menu = bar->addMenu(QStringLiteral("Window"));
-    QObject::connect(addItem(menu, QStringLiteral("Next Tab"), "nextTabAction", "Ctrl+Tab; Ctrl+PgDown"),
-                     &QAction::triggered, tabs, [tabs] { stepTab(tabs, 1); });
-    QObject::connect(addItem(menu, QStringLiteral("Previous Tab"), "previousTabAction",
-                             "Ctrl+Shift+Backtab; Ctrl+PgUp"),
-                     &QAction::triggered, tabs, [tabs] { stepTab(tabs, -1); });
+    if (auto *item = bar->findChild<QAction *>(action))
+        QObject::connect(item, &QAction::triggered, bar, [&controller, run] { (controller.*run)(); });
+    else
+        qWarning("The File menu has no %s item to bind", qPrintable(action));
+}
+
+}
+
+void build(QMenuBar *bar, LWWindowMenuController &controller)
+{
+    QMenu *menu = windowMenu(bar);
+    addItem(menu, controller, QStringLiteral("Next Tab"), QStringLiteral("nextTabAction"),
+            {QKeySequence(Qt::CTRL | Qt::Key_Tab), QKeySequence(Qt::CTRL | Qt::Key_PageDown)},
+            &LWWindowMenuController::nextTabAction);
+    addItem(menu, controller, QStringLiteral("Previous Tab"), QStringLiteral("previousTabAction"),
+            {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), QKeySequence(Qt::CTRL | Qt::Key_PageUp)},
+            &LWWindowMenuController::previousTabAction);
     menu->addSeparator();
-    QObject::connect(addItem(menu, QStringLiteral("Next Document"), "nextDocumentAction", "Ctrl+Alt+PgDown"),
-                     &QAction::triggered, outline, [outline] { stepDocument(outline, 1); });
-    QObject::connect(addItem(menu, QStringLiteral("Previous Document"), "previousDocumentAction", "Ctrl+Alt+PgUp"),
-                     &QAction::triggered, outline, [outline] { stepDocument(outline, -1); });
+    addItem(menu, controller, QStringLiteral("Next Document"), QStringLiteral("nextDocumentAction"),
+            {QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_PageDown)}, &LWWindowMenuController::nextDocumentAction);
+    addItem(menu, controller, QStringLiteral("Previous Document"), QStringLiteral("previousDocumentAction"),
+            {QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_PageUp)}, &LWWindowMenuController::previousDocumentAction);
+    MenuValidation::install(menu, [&controller](QAction *item) {
+        return item->objectName().isEmpty() || controller.validateMenuItem(item->objectName() + QLatin1Char(':'));
+    });
+    bindFileItem(bar, QStringLiteral("closeAction"), controller, &LWWindowMenuController::closeTabAction);
+    bindFileItem(bar, QStringLiteral("closeAllAction"), controller, &LWWindowMenuController::closeAllAction);
 }
 
 }

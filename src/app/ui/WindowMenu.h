@@ -1,15 +1,13 @@
 #pragma once
 
-class DocumentTabs;
+class LWWindowMenuController;
 class QMenuBar;
-class WorkspaceOutline;
 
-// The Window menu: the next and previous tab of the tab bar (Ctrl+Tab and
-// Ctrl+PgDown, Ctrl+Shift+Tab and Ctrl+PgUp, wrapping around), and the next
-// and previous file of the sidebar (Ctrl+Alt+PgDown, Ctrl+Alt+PgUp). A step
-// acts as a click on the tab or row it reaches.
+// The Window menu (next and previous tab and document), added to the menu
+// bar unless it has one already, and the File menu's "Close Tab" and
+// "Close All" items bound to the controller.
 namespace WindowMenu {
 
-void build(QMenuBar *bar, DocumentTabs *tabs, WorkspaceOutline *outline);
+void build(QMenuBar *bar, LWWindowMenuController &controller);
 
 }

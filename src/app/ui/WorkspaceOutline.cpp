@@ -146,3 +146,16 @@ void WorkspaceOutline::keyPressEvent(QKeyEvent *event)
     const QScopedValueRollback moving(userMoving, true);
     QTreeView::keyPressEvent(event);
 }
+
+LWDocument::Ptr WorkspaceOutline::nearestDocumentRow(int step) const
+{
+    QModelIndex row = currentIndex();
+    if (!row.isValid() || !selectionModel()->isSelected(row))
+        return nullptr;
+    while ((row = step > 0 ? indexBelow(row) : indexAbove(row)).isValid()) {
+        const LWDocument::Ptr node = controller->nodeAt(row);
+        if (node && node->isFile())
+            return node;
+    }
+    return nullptr;
+}

@@ -37,6 +37,9 @@ public:
     void startRenaming(const LWDocument::Ptr &document);
     LWDocument::Ptr selected() const;
     LWDocument::Ptr nodeAt(const QPoint &viewportPosition) const;
+    // The file of the nearest file row after (step 1) or before (step -1)
+    // the selected row; null without a selection or such a row.
+    LWDocument::Ptr nearestDocumentRow(int step) const;
 
 signals:
     void documentChosen(const LWDocument::Ptr &document);

@@ -1,9 +1,9 @@
 #include "app/LWDefaults.h"
-#include "app/ui/DocumentTabs.h"
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
+#include "documents/ui/TabBarView.h"
 #include "support/WebTestMain.h"
 
 #include <QAbstractButton>
@@ -94,8 +94,8 @@ void TestFileMenu::opensTheCommandLineFile()
     QCOMPARE(delegate->window()->menuBar()->actions().first()->text(), QStringLiteral("File"));
     QTRY_COMPARE(page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("print('hello')\n"));
     QVERIFY(delegate->window()->windowTitle().startsWith(QLatin1String("greeting.py")));
-    DocumentTabs *tabs = delegate->window()->tabs();
-    QCOMPARE(tabs->tabText(tabs->currentIndex()), QStringLiteral("greeting.py"));
+    TabBarView *tabs = delegate->window()->tabs();
+    QCOMPARE(tabs->selectedTab()->title(), QStringLiteral("greeting.py"));
 }
 
 void TestFileMenu::saveWritesTheTypedText()

@@ -1,11 +1,11 @@
 #include "app/LWDefaults.h"
-#include "app/ui/DocumentTabs.h"
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
 #include "documents/LWRecentDocuments.h"
+#include "documents/ui/TabBarView.h"
 #include "editor/ui/LWWebViewController.h"
 #include "support/WebTestMain.h"
 
@@ -86,8 +86,8 @@ void TestOpeningFiles::verifyShownEverywhere(const QString &label, const QString
 {
     QTRY_VERIFY_WITH_TIMEOUT(current() && current()->label() == label, 20000);
     QTRY_COMPARE_WITH_TIMEOUT(page(QStringLiteral("lw.editor.getValue()")), text, 20000);
-    DocumentTabs *tabs = delegate->window()->tabs();
-    QCOMPARE(tabs->tabText(tabs->currentIndex()), label);
+    TabBarView *tabs = delegate->window()->tabs();
+    QCOMPARE(tabs->selectedTab()->title(), label);
     QCOMPARE(delegate->window()->outline()->selected(), current());
 }
 
@@ -99,13 +99,13 @@ void TestOpeningFiles::commandLineFilesOpenInOrderWithTheLastShown()
     // Late queued events must not move the editor away from the selected tab.
     QTest::qWait(500);
     verifyShownEverywhere(QStringLiteral("three.txt"), QStringLiteral("third file"));
-    DocumentTabs *tabs = delegate->window()->tabs();
+    TabBarView *tabs = delegate->window()->tabs();
     QStringList labels;
     for (int index = 0; index < tabs->count(); ++index)
-        labels << tabs->tabText(index);
+        labels << tabs->tabAt(index)->title();
     QCOMPARE(labels, (QStringList{QStringLiteral("one.txt"), QStringLiteral("two.txt"), QStringLiteral("three.txt")}));
     // Each tab shows its own document.
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(0).center());
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRectFromIndex(0).center());
     verifyShownEverywhere(QStringLiteral("one.txt"), QStringLiteral("first file"));
 }
 

@@ -4,8 +4,8 @@
 #include "app/ui/LWMasterPreferences.h"
 #include "app/ui/PreferencesSheet.h"
 #include "app/ui/WorkspaceOutline.h"
-#include "app/ui/DocumentTabs.h"
 #include "documents/LWDocumentManager.h"
+#include "documents/ui/TabBarView.h"
 #include "support/WebTestMain.h"
 #include "support/WindowDriver.h"
 

@@ -1,7 +1,7 @@
-#include "app/ui/DocumentTabs.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
 #include "support/OutlineRows.h"
+#include "documents/ui/TabBarView.h"
 #include "support/WebTestMain.h"
 #include "support/WindowDriver.h"
 
@@ -75,9 +75,9 @@ void TestUnsavedWork::aSidebarClickNeverReplacesIt()
     QTRY_COMPARE(current(), otherDocument);
     QTRY_COMPARE(window->page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("other text"));
 
-    DocumentTabs *tabs = window->delegate->window()->tabs();
+    TabBarView *tabs = window->delegate->window()->tabs();
     QCOMPARE(tabs->count(), 2);
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(0).center());
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRectFromIndex(0).center());
     QTRY_COMPARE(current(), untitled);
     QTRY_COMPARE(window->page(QStringLiteral("lw.editor.getValue()")), QStringLiteral("typed"));
     QVERIFY(!untitled->saved());
