@@ -2,7 +2,7 @@
 #include "app/LWDefaults.h"
 #include "app/LWInstanceChannel.h"
 #include "app/LWInstanceServer.h"
-#include "app/ui/DocumentTabs.h"
+#include "documents/ui/TabBarView.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "support/WebTestMain.h"
@@ -64,10 +64,10 @@ QString TestStartAndQuit::write(const QString &relative, const QString &text)
 
 QStringList TestStartAndQuit::tabTitlesOf(LWAppDelegate &delegate)
 {
-    DocumentTabs *tabs = delegate.window()->tabs();
+    TabBarView *tabs = delegate.window()->tabs();
     QStringList titles;
     for (int index = 0; index < tabs->count(); ++index)
-        titles << tabs->tabText(index);
+        titles << tabs->tabAt(index)->title();
     return titles;
 }
 
@@ -187,15 +187,18 @@ void TestStartAndQuit::nextStartRestoresTheWorkspaceAsLeft()
     LWAppDelegate *delegate = window->delegate.get();
     delegate->openFiles({folder});
     WorkspaceOutline *outline = delegate->window()->outline();
-    QList<QTreeWidgetItem *> found;
-    QTRY_VERIFY_WITH_TIMEOUT(!(found = outline->findItems(QStringLiteral("inside.txt"),
-                                                           Qt::MatchExactly | Qt::MatchRecursive)).isEmpty(),
+    QModelIndexList found;
+    QTRY_VERIFY_WITH_TIMEOUT(!(found = outline->model()->match(outline->model()->index(0, 0), Qt::DisplayRole,
+                                                               QStringLiteral("inside.txt"), 1,
+                                                               Qt::MatchExactly | Qt::MatchRecursive | Qt::MatchWrap))
+                                  .isEmpty(),
                              10000);
-    QTest::mouseClick(outline->viewport(), Qt::LeftButton, {}, outline->visualItemRect(found.first()).center());
+    outline->scrollTo(found.first());
+    QTest::mouseClick(outline->viewport(), Qt::LeftButton, {}, outline->visualRect(found.first()).center());
     QTRY_COMPARE(tabTitles(), QStringList({QStringLiteral("first.txt"), QStringLiteral("second.txt"),
                                            QStringLiteral("inside.txt")}));
-    DocumentTabs *tabs = delegate->window()->tabs();
-    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+    TabBarView *tabs = delegate->window()->tabs();
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRectFromIndex(1).center());
     QTRY_COMPARE(delegate->documentManager()->currentDocument()->fullPath(), second);
     delegate->window()->resize(900, 640);
     delegate->window()->setSidebarSplitSizes({300, 600});
