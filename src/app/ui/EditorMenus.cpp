@@ -129,7 +129,8 @@ void buildView(QMenu *menu, LWViewMenuController *controller, const LWEnvironmen
               {"Indentation Guides", "toggleIndentationGuidesAction", "", true},
               {"Invisible Characters", "toggleInvisiblesAction", "", true},
               {"Soft Tabs", "useSoftTabsToggle", "", true},
-              {"Word Wrap", "useWordWrapToggle", "Alt+Z", true}});
+              {"Word Wrap", "useWordWrapToggle", "Alt+Z", true},
+              {"Completion", "toggleCompletionAction", "", true}});
     addItems(menu->addMenu(QStringLiteral("Tab Size")), controller,
              {{"2", "tabSize2Switch", "", true},
               {"4", "tabSize4Switch", "", true},

@@ -119,7 +119,7 @@ void build(QMenuBar *bar, const Controller &controller, const LWEnvironment *env
               {"Close", "closeAction", "Ctrl+W", &LWFileMenuController::closeAction},
               {"Close All", "closeAllAction", "Ctrl+Shift+W", &LWFileMenuController::closeAllAction},
               {"--", "", "", nullptr},
-              {"Print...", "printAction", "Ctrl+P", &LWFileMenuController::printAction},
+              {"Print...", "printAction", "Ctrl+Alt+P", &LWFileMenuController::printAction},
               {"--", "", "", nullptr}});
     QAction *quitItem = addItem(menu, QStringLiteral("Quit"), QStringLiteral("quitAction"), QStringLiteral("Ctrl+Q"));
     QObject::connect(quitItem, &QAction::triggered, menu, quit);

@@ -21,6 +21,7 @@
 #include "editor/ui/LWWebViewController.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/LWPluginsMenuController.h"
+#include "search/ui/SearchCommands.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -53,6 +54,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
 
 LWAppDelegate::~LWAppDelegate()
 {
+    searchCommands.reset();
     pluginsMenu.reset();
     mainWindow.reset();
     LWDocumentManager::setShared(nullptr);
@@ -73,6 +75,8 @@ void LWAppDelegate::buildWindow()
     pluginsMenu = std::make_unique<PluginsMenu>(mainWindow->menuBar()->addMenu(QStringLiteral("Plugins")),
                                                 mainWindow->statusPluginsMenu(), mainWindow.get(),
                                                 environment.get(), pluginsController.get());
+    searchCommands = std::make_unique<SearchCommands>(mainWindow.get(), [this] { return documents.get(); }, this,
+                                                      this, editorPage->view());
     updatePluginMenusForSpec(nullptr);
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);

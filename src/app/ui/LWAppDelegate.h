@@ -18,6 +18,7 @@ class LWFindMenuController;
 class LWMainWindow;
 class LWPluginsMenuController;
 class PluginsMenu;
+class SearchCommands;
 class LWUtilityWebViewController;
 class LWViewMenuController;
 class LWWebViewController;
@@ -42,6 +43,7 @@ public:
     LWWebViewController *webView() const { return editorPage.get(); }
     LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
     LWDocumentManager *documentManager() const { return documents.get(); }
+    SearchCommands *search() const { return searchCommands.get(); }
 
     // The Quit command: quits at once when "LW_DoOnQuit" is non-zero or
     // nothing is unsaved, otherwise only after the user confirms.
@@ -141,4 +143,5 @@ private:
     // Declared last so that the window and its pages go before the channels.
     std::unique_ptr<LWMainWindow> mainWindow;
     std::unique_ptr<PluginsMenu> pluginsMenu;
+    std::unique_ptr<SearchCommands> searchCommands;
 };
