@@ -14,7 +14,9 @@ QRegularExpression TextSearchQuery::expression() const
     QString pattern = regularExpression ? text : QRegularExpression::escape(text);
     if (wholeWord)
         pattern = QStringLiteral("\\b(?:%1)\\b").arg(pattern);
-    QRegularExpression::PatternOptions options = QRegularExpression::UseUnicodePropertiesOption;
+    // ^ and $ stand for the start and end of each line, as the results are lines.
+    QRegularExpression::PatternOptions options =
+        QRegularExpression::UseUnicodePropertiesOption | QRegularExpression::MultilineOption;
     if (!caseSensitive)
         options |= QRegularExpression::CaseInsensitiveOption;
     return QRegularExpression(pattern, options);
