@@ -1,7 +1,6 @@
 #include "search/ui/FindInFilesDialog.h"
 
 #include <QCheckBox>
-#include <QDir>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -16,7 +15,7 @@ constexpr int LineRole = Qt::UserRole + 1;
 
 }
 
-FindInFilesDialog::FindInFilesDialog(QWidget *window, std::function<QStringList()> files)
+FindInFilesDialog::FindInFilesDialog(QWidget *window, std::function<WorkspaceFiles::List()> files)
     : QDialog(window), files(std::move(files)), query(new QLineEdit(this)),
       caseSensitive(new QCheckBox(tr("Case Sensitive"), this)),
       regularExpression(new QCheckBox(tr("Regular Expression"), this)),
@@ -34,7 +33,7 @@ FindInFilesDialog::FindInFilesDialog(QWidget *window, std::function<QStringList(
     results->setUniformRowHeights(true);
     results->setAlternatingRowColors(true);
     results->header()->setStretchLastSection(true);
-    results->setColumnWidth(0, 260);
+    results->setColumnWidth(0, 320);
     results->setColumnWidth(1, 50);
 
     auto *layout = new QGridLayout(this);
@@ -73,8 +72,14 @@ void FindInFilesDialog::startSearch()
                            wholeWord->isChecked()};
     results->clear();
     filesSearched = 0;
+    shownPaths.clear();
+    QStringList paths;
+    for (const WorkspaceFiles::File &file : files()) {
+        paths.append(file.fullPath);
+        shownPaths.insert(file.fullPath, WorkspaceFiles::displayPath(file));
+    }
     QString error;
-    if (!search.start(files(), wanted, &error)) {
+    if (!search.start(paths, wanted, &error)) {
         status->setText(tr("Cannot search: %1").arg(error));
         return;
     }
@@ -96,8 +101,8 @@ void FindInFilesDialog::addHits(const QVector<TextHit> &hits)
 {
     QList<QTreeWidgetItem *> items;
     for (const TextHit &hit : hits) {
-        auto *item = new QTreeWidgetItem({QDir::toNativeSeparators(hit.path).section(QLatin1Char('/'), -1),
-                                          QString::number(hit.line), hit.lineText.trimmed()});
+        auto *item = new QTreeWidgetItem(
+            {shownPaths.value(hit.path, hit.path), QString::number(hit.line), hit.lineText.trimmed()});
         item->setToolTip(0, hit.path);
         item->setData(0, PathRole, hit.path);
         item->setData(0, LineRole, hit.line);

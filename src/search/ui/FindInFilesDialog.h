@@ -1,6 +1,7 @@
 #pragma once
 
 #include "search/TextSearch.h"
+#include "search/WorkspaceFiles.h"
 
 #include <QDialog>
 
@@ -23,7 +24,7 @@ class FindInFilesDialog : public QDialog
 
 public:
     // files: the files to search, asked for when a search starts.
-    FindInFilesDialog(QWidget *window, std::function<QStringList()> files);
+    FindInFilesDialog(QWidget *window, std::function<WorkspaceFiles::List()> files);
 
     // Shows the dialog with the query field selected.
     void present();
@@ -43,7 +44,9 @@ private:
     void setSearching(bool searching);
     void chooseItem(const QTreeWidgetItem *item);
 
-    std::function<QStringList()> files;
+    std::function<WorkspaceFiles::List()> files;
+    // Each searched file's path as the results show it.
+    QHash<QString, QString> shownPaths;
     TextSearch search;
     QLineEdit *query;
     QCheckBox *caseSensitive;

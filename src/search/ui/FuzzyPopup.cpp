@@ -40,15 +40,16 @@ public:
             painter->setPen(option.palette.color(QPalette::PlaceholderText));
             painter->drawText(area, Qt::AlignRight | Qt::AlignVCenter, note);
         }
+        const bool selected = option.state & QStyle::State_Selected;
         QTextDocument text;
-        text.setDefaultFont(option.font);
-        text.setDocumentMargin(0);
-        text.setHtml(index.data(Qt::DisplayRole).toString());
+        layOut(text, option, index, selected);
         text.setTextWidth(area.width() - noteWidth);
         painter->translate(area.left(), area.top() + (area.height() - text.size().height()) / 2);
         painter->setClipRect(QRect(0, 0, area.width() - noteWidth, area.height()));
         QAbstractTextDocumentLayout::PaintContext context;
         context.palette = option.palette;
+        if (selected)
+            context.palette.setColor(QPalette::Text, option.palette.color(QPalette::HighlightedText));
         text.documentLayout()->draw(painter, context);
         painter->restore();
     }
@@ -56,10 +57,26 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         QTextDocument text;
+        layOut(text, option, index, false);
+        return {option.rect.width(), static_cast<int>(text.size().height()) + 8};
+    }
+
+private:
+    // Matched letters stand out in an accent colour, or underlined in the
+    // selection's text colour on a selected row; notes under a title are dimmed.
+    static void layOut(QTextDocument &text, const QStyleOptionViewItem &option, const QModelIndex &index,
+                       bool selected)
+    {
+        const QPalette &palette = option.palette;
+        const QString letters = selected ? palette.color(QPalette::HighlightedText).name() : QStringLiteral("#c2410c");
+        const QString dimmed = selected ? palette.color(QPalette::HighlightedText).name()
+                                        : palette.color(QPalette::PlaceholderText).name();
+        text.setDefaultStyleSheet(QStringLiteral(".hit { color: %1; font-weight: bold; %2 } .detail { color: %3; }")
+                                      .arg(letters, selected ? QStringLiteral("text-decoration: underline;") : QString(),
+                                           dimmed));
         text.setDefaultFont(option.font);
         text.setDocumentMargin(0);
         text.setHtml(index.data(Qt::DisplayRole).toString());
-        return {option.rect.width(), static_cast<int>(text.size().height()) + 8};
     }
 };
 
@@ -102,12 +119,15 @@ void FuzzyPopup::open()
 void FuzzyPopup::setRows(const QVector<FuzzyPopupRow> &rows)
 {
     rowList->clear();
+    int firstEnabled = -1;
     for (const FuzzyPopupRow &row : rows) {
         auto *item = new QListWidgetItem(row.html, rowList);
         item->setData(EnabledRole, row.enabled);
         item->setData(NoteRole, row.note);
+        if (row.enabled && firstEnabled < 0)
+            firstEnabled = rowList->row(item);
     }
-    rowList->setCurrentRow(rows.isEmpty() ? -1 : 0);
+    rowList->setCurrentRow(firstEnabled);
 }
 
 void FuzzyPopup::setMessage(const QString &message)
@@ -125,7 +145,7 @@ QString FuzzyPopup::emphasized(const QString &text, const QVector<int> &position
     for (int index = 0; index < text.size(); ++index) {
         const QString letter = QString(text.at(index)).toHtmlEscaped();
         if (next < positions.size() && positions[next] == index + offset) {
-            html += QStringLiteral("<b style=\"color:palette(highlight)\">%1</b>").arg(letter);
+            html += QStringLiteral("<span class=\"hit\">%1</span>").arg(letter);
             ++next;
         } else {
             html += letter;

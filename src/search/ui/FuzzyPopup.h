@@ -35,8 +35,9 @@ public:
     QLineEdit *field() const { return queryField; }
     QListWidget *list() const { return rowList; }
 
-    // The text with the letters at the positions in bold and the accent
-    // colour, the rest escaped; positions index text from its first letter.
+    // The text with the letters at the positions marked as matched (class
+    // "hit"), the rest escaped; positions count from offset. Rows may also
+    // mark a dimmed note line with class "detail".
     static QString emphasized(const QString &text, const QVector<int> &positions, int offset = 0);
 
 signals:

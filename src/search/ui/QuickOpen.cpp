@@ -57,7 +57,7 @@ void QuickOpen::showResults(const std::vector<FuzzyRanking::Result> &results,
         const QString name = candidate.text.mid(candidate.nameStart);
         const QString folder = candidate.text.left(candidate.nameStart);
         const QVector<int> &letters = result.match.positions;
-        rows.append({QStringLiteral("%1<br><small style=\"color:gray\">%2</small>")
+        rows.append({QStringLiteral("%1<br><small class=\"detail\">%2</small>")
                          .arg(FuzzyPopup::emphasized(name, letters, candidate.nameStart),
                               FuzzyPopup::emphasized(folder, letters)),
                      QString(), true});

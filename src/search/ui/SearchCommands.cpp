@@ -44,7 +44,7 @@ SearchCommands::SearchCommands(QMainWindow *window, WorkspaceOpener::Documents d
     : opener(documents, outline, pages, editorView), documents(documents),
       fileFinder(new QuickOpen(window, [this] { return tree(); }, &opener)),
       palette(new CommandPalette(window->menuBar(), window)),
-      findDialog(new FindInFilesDialog(window, [this] { return workspacePaths(); }))
+      findDialog(new FindInFilesDialog(window, [this] { return workspaceFiles(); }))
 {
     QObject::connect(findDialog, &FindInFilesDialog::hitChosen, findDialog,
                      [this](const QString &path, int line) { opener.open(path, line); });
@@ -80,11 +80,8 @@ const LWDocumentTree *SearchCommands::tree() const
     return manager ? &manager->documentTree() : nullptr;
 }
 
-QStringList SearchCommands::workspacePaths() const
+WorkspaceFiles::List SearchCommands::workspaceFiles() const
 {
-    QStringList paths;
-    if (const LWDocumentTree *workspace = tree())
-        for (const WorkspaceFiles::File &file : WorkspaceFiles::collect(*workspace))
-            paths.append(file.fullPath);
-    return paths;
+    const LWDocumentTree *workspace = tree();
+    return workspace ? WorkspaceFiles::collect(*workspace) : WorkspaceFiles::List();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "search/WorkspaceFiles.h"
 #include "search/ui/WorkspaceOpener.h"
 
 #include <memory>
@@ -27,7 +28,7 @@ public:
 private:
     void addMenuItems(QMainWindow *window);
     const LWDocumentTree *tree() const;
-    QStringList workspacePaths() const;
+    WorkspaceFiles::List workspaceFiles() const;
 
     WorkspaceOpener opener;
     WorkspaceOpener::Documents documents;

@@ -146,7 +146,7 @@ void TestSearchInWindow::findInFilesOpensTheFileAtTheLine()
     QTRY_VERIFY_WITH_TIMEOUT(dialog->statusLabel()->text().contains("in 10002 file(s) searched"), 30000);
     QCOMPARE(dialog->resultList()->topLevelItemCount(), 1);
     QTreeWidgetItem *hit = dialog->resultList()->topLevelItem(0);
-    QCOMPARE(hit->text(0), QStringLiteral("needle_target.cpp"));
+    QCOMPARE(hit->text(0), QStringLiteral("proj/deep/er/needle_target.cpp"));
     QCOMPARE(hit->text(1), QStringLiteral("3"));
 
     QTreeWidget *list = dialog->resultList();
