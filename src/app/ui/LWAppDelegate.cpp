@@ -21,6 +21,7 @@
 #include "editor/ui/LWWebViewController.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/LWPluginsMenuController.h"
+#include "search/ui/QuickOpen.h"
 #include "search/ui/SearchCommands.h"
 
 #include <QAction>
@@ -77,6 +78,9 @@ void LWAppDelegate::buildWindow()
                                                 environment.get(), pluginsController.get());
     searchCommands = std::make_unique<SearchCommands>(mainWindow.get(), [this] { return documents.get(); }, this,
                                                       this, editorPage->view());
+    // The outline is rebuilt when the workspace gains or loses files.
+    connect(mainWindow->outline(), &WorkspaceOutline::reloading, searchCommands->quickOpen(),
+            &QuickOpen::refreshIndex, Qt::QueuedConnection);
     updatePluginMenusForSpec(nullptr);
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);

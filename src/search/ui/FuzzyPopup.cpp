@@ -1,84 +1,16 @@
 #include "search/ui/FuzzyPopup.h"
 
-#include <QAbstractTextDocumentLayout>
+#include "search/ui/FuzzyRowDelegate.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPainter>
-#include <QPointer>
-#include <QStyledItemDelegate>
-#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr int RowsShown = 12;
-constexpr int EnabledRole = Qt::UserRole + 1;
-constexpr int NoteRole = Qt::UserRole + 2;
-
-// Paints a row's rich text, its note at the right, dimmed when disabled.
-class RowDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        QStyleOptionViewItem background = option;
-        initStyleOption(&background, index);
-        background.text.clear();
-        QApplication::style()->drawControl(QStyle::CE_ItemViewItem, &background, painter);
-
-        painter->save();
-        if (!index.data(EnabledRole).toBool())
-            painter->setOpacity(0.45);
-        const QRect area = option.rect.adjusted(8, 2, -8, -2);
-        const QString note = index.data(NoteRole).toString();
-        const int noteWidth = note.isEmpty() ? 0 : option.fontMetrics.horizontalAdvance(note) + 16;
-        if (!note.isEmpty()) {
-            painter->setPen(option.palette.color(QPalette::PlaceholderText));
-            painter->drawText(area, Qt::AlignRight | Qt::AlignVCenter, note);
-        }
-        const bool selected = option.state & QStyle::State_Selected;
-        QTextDocument text;
-        layOut(text, option, index, selected);
-        text.setTextWidth(area.width() - noteWidth);
-        painter->translate(area.left(), area.top() + (area.height() - text.size().height()) / 2);
-        painter->setClipRect(QRect(0, 0, area.width() - noteWidth, area.height()));
-        QAbstractTextDocumentLayout::PaintContext context;
-        context.palette = option.palette;
-        if (selected)
-            context.palette.setColor(QPalette::Text, option.palette.color(QPalette::HighlightedText));
-        text.documentLayout()->draw(painter, context);
-        painter->restore();
-    }
-
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        QTextDocument text;
-        layOut(text, option, index, false);
-        return {option.rect.width(), static_cast<int>(text.size().height()) + 8};
-    }
-
-private:
-    // Matched letters stand out in an accent colour, or underlined in the
-    // selection's text colour on a selected row; notes under a title are dimmed.
-    static void layOut(QTextDocument &text, const QStyleOptionViewItem &option, const QModelIndex &index,
-                       bool selected)
-    {
-        const QPalette &palette = option.palette;
-        const QString letters = selected ? palette.color(QPalette::HighlightedText).name() : QStringLiteral("#c2410c");
-        const QString dimmed = selected ? palette.color(QPalette::HighlightedText).name()
-                                        : palette.color(QPalette::PlaceholderText).name();
-        text.setDefaultStyleSheet(QStringLiteral(".hit { color: %1; font-weight: bold; %2 } .detail { color: %3; }")
-                                      .arg(letters, selected ? QStringLiteral("text-decoration: underline;") : QString(),
-                                           dimmed));
-        text.setDefaultFont(option.font);
-        text.setDocumentMargin(0);
-        text.setHtml(index.data(Qt::DisplayRole).toString());
-    }
-};
 
 }
 
@@ -92,7 +24,7 @@ FuzzyPopup::FuzzyPopup(QWidget *window, const QString &placeholder)
     layout->setSpacing(4);
     queryField->setPlaceholderText(placeholder);
     queryField->setClearButtonEnabled(true);
-    rowList->setItemDelegate(new RowDelegate(rowList));
+    rowList->setItemDelegate(new FuzzyRowDelegate(rowList));
     rowList->setFocusPolicy(Qt::NoFocus);
     rowList->setUniformItemSizes(true);
     layout->addWidget(queryField);
@@ -122,8 +54,8 @@ void FuzzyPopup::setRows(const QVector<FuzzyPopupRow> &rows)
     int firstEnabled = -1;
     for (const FuzzyPopupRow &row : rows) {
         auto *item = new QListWidgetItem(row.html, rowList);
-        item->setData(EnabledRole, row.enabled);
-        item->setData(NoteRole, row.note);
+        item->setData(FuzzyRowDelegate::EnabledRole, row.enabled);
+        item->setData(FuzzyRowDelegate::NoteRole, row.note);
         if (row.enabled && firstEnabled < 0)
             firstEnabled = rowList->row(item);
     }
@@ -204,7 +136,7 @@ void FuzzyPopup::moveSelection(int steps)
 void FuzzyPopup::choose(int row)
 {
     const QListWidgetItem *item = rowList->item(row);
-    if (!item || !item->data(EnabledRole).toBool())
+    if (!item || !item->data(FuzzyRowDelegate::EnabledRole).toBool())
         return;
     hide();
     emit chosen(row);

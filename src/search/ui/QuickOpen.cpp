@@ -21,14 +21,19 @@ QuickOpen::QuickOpen(QWidget *window, Tree tree, const WorkspaceOpener *opener)
 void QuickOpen::show()
 {
     filePopup->open();
-    if (const LWDocumentTree *workspace = tree())
-        index.refresh(*workspace);
+    refreshIndex();
     if (index.isBuilding() && index.files()->empty()) {
         filePopup->setMessage(tr("Listing the workspace's files..."));
         return;
     }
     search.setCandidates(index.candidates());
     search.search(filePopup->field()->text());
+}
+
+void QuickOpen::refreshIndex()
+{
+    if (const LWDocumentTree *workspace = tree())
+        index.refresh(*workspace);
 }
 
 void QuickOpen::indexRebuilt()

@@ -23,6 +23,9 @@ public:
     QuickOpen(QWidget *window, Tree tree, const WorkspaceOpener *opener);
 
     void show();
+    // Brings the file index up to date in the background, so that the popup
+    // opens on the current files.
+    void refreshIndex();
     FuzzyPopup *popup() const { return filePopup; }
 
 private:
