@@ -11,7 +11,7 @@ packages=(
   qt6-webchannel-dev qt6-svg-dev libqt6svg6 libgl-dev libxkbcommon-dev
   qt6-qpa-plugins libqt6printsupport6
   xvfb xauth libcurl4-openssl-dev
-  php-cli php-curl python3-pyftpdlib openssh-server openssh-client
+  php-cli php-curl python3-pyftpdlib python3-openssl openssh-server openssh-client openssl
   clang libclang-rt-14-dev nodejs
 )
 

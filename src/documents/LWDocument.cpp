@@ -24,6 +24,7 @@
 #include <QtDebug>
 
 #include <algorithm>
+#include <atomic>
 
 namespace {
 
@@ -44,7 +45,11 @@ void sendToEditor(const QString &script)
 
 }
 
-LWDocument::LWDocument(Bare)
+namespace {
+std::atomic<quint64> nodesMade{0};
+}
+
+LWDocument::LWDocument(Bare) : serial(++nodesMade)
 {
 }
 
@@ -199,7 +204,7 @@ QImage LWDocument::dimmedIcon() const
 
 QString LWDocument::identity() const
 {
-    return QString::asprintf("%p", static_cast<const void *>(this));
+    return QString::asprintf("0x%llx", static_cast<unsigned long long>(serial));
 }
 
 // MARK: specification, location, icon

@@ -85,7 +85,10 @@ public:
     bool isSelectable() const { return isFile() || isFolder(); }
     bool isUntitled() const { return fullPathValue.isEmpty(); }
 
-    // The text that identifies this node towards the editor ("%p" form).
+    // The text that identifies this node towards the editor, which keeps each
+    // document's session (text, undo history, cursor) under it. It is never
+    // given to another node, even one that later takes this node's memory:
+    // a new document must never inherit a closed one's session.
     QString identity() const;
 
     // Specification, location and icon.
@@ -204,6 +207,7 @@ private:
     bool isReadOnly = false;
     // The user agreed to read this file although it is large.
     bool largeFileAccepted = false;
+    const quint64 serial;
     std::weak_ptr<LWDocument> parentNode;
     mutable std::unique_ptr<LWDocumentFilterCache> filterCache;
 };

@@ -58,6 +58,7 @@ private slots:
     void renamingOnDiskKeepsThePath();
     void jsonFormsAndCopy();
     void editorTagsSpareUnchangedText();
+    void identityIsNeverReused();
     void archiveKeepsTheSubtreeAndRefusesDamage();
     void savingWritesTheEditorTextAndKeepsPermissions();
     void interruptedSaveLeavesOldOrNewContent();
@@ -286,6 +287,18 @@ void tst_LWDocument::jsonFormsAndCopy()
     QVERIFY(!fileCopy->icon().isNull());
     QVERIFY(fileCopy->dimmedIcon().isNull());
     QCOMPARE(file->icon().size(), QSize(15, 15));
+}
+
+// The editor keeps each document's session under its identity: a document
+// made where a closed one lay in memory must not take over its undo history.
+void tst_LWDocument::identityIsNeverReused()
+{
+    QSet<QString> seen;
+    for (int made = 0; made < 100; ++made) {
+        const LWDocument::Ptr node = LWDocument::fileWithLabel(QStringLiteral("a.txt"), QStringLiteral("a"));
+        QVERIFY(!seen.contains(node->identity()));
+        seen.insert(node->identity());
+    }
 }
 
 void tst_LWDocument::archiveKeepsTheSubtreeAndRefusesDamage()

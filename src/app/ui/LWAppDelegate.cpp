@@ -23,6 +23,8 @@
 #include "extensions/ui/LWPluginsMenuController.h"
 #include "search/ui/QuickOpen.h"
 #include "search/ui/SearchCommands.h"
+#include "remote/RemoteFolderTransfers.h"
+#include "remote/ui/TransfersMenu.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -47,6 +49,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     findMenu = std::make_unique<LWFindMenuController>();
     editorPage = std::make_unique<LWWebViewController>(bridge.get(), nullptr);
     utilityPage = std::make_unique<LWUtilityWebViewController>(bridge.get(), nullptr);
+    remoteTransfers = std::make_unique<RemoteFolderTransfers>(this, this, this);
     buildWindow();
     LWShell::setInstance(this);
     connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
@@ -62,6 +65,11 @@ LWAppDelegate::~LWAppDelegate()
     LWEnvironment::setShared(nullptr);
     if (LWShell::instance() == this)
         LWShell::setInstance(nullptr);
+}
+
+RemoteFolderActions *LWAppDelegate::remoteFolderActions() const
+{
+    return remoteTransfers.get();
 }
 
 void LWAppDelegate::buildWindow()
@@ -81,6 +89,7 @@ void LWAppDelegate::buildWindow()
     // The outline is rebuilt when the workspace gains or loses files.
     connect(mainWindow->outline(), &WorkspaceOutline::reloading, searchCommands->quickOpen(),
             &QuickOpen::refreshIndex, Qt::QueuedConnection);
+    TransfersMenu::build(mainWindow->menuBar(), remoteTransfers.get());
     updatePluginMenusForSpec(nullptr);
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);

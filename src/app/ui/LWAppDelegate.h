@@ -19,6 +19,8 @@ class LWMainWindow;
 class LWPluginsMenuController;
 class PluginsMenu;
 class SearchCommands;
+class RemoteFolderActions;
+class RemoteFolderTransfers;
 class LWUtilityWebViewController;
 class LWViewMenuController;
 class LWWebViewController;
@@ -44,6 +46,8 @@ public:
     LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
     LWDocumentManager *documentManager() const { return documents.get(); }
     SearchCommands *search() const { return searchCommands.get(); }
+    // Uploads, downloads and listings of the remote-mapped folders.
+    RemoteFolderActions *remoteFolderActions() const;
 
     // The Quit command: quits at once when "LW_DoOnQuit" is non-zero or
     // nothing is unsaved, otherwise only after the user confirms.
@@ -144,4 +148,5 @@ private:
     std::unique_ptr<LWMainWindow> mainWindow;
     std::unique_ptr<PluginsMenu> pluginsMenu;
     std::unique_ptr<SearchCommands> searchCommands;
+    std::unique_ptr<RemoteFolderTransfers> remoteTransfers;
 };
