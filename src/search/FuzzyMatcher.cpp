@@ -40,6 +40,14 @@ int positionScore(const Candidate &candidate, int position)
     return value;
 }
 
+// The score table, kept per thread: ranking scores hundreds of thousands of
+// candidates per keystroke, and a fresh table for each would dominate.
+std::vector<int> &scoreTable()
+{
+    thread_local std::vector<int> table;
+    return table;
+}
+
 // The best placement of every query letter, by dynamic programming over
 // (query letter, text position): best[i][j] is the best score of the first
 // i + 1 letters with letter i at position j. Positions are kept only when
@@ -48,7 +56,8 @@ class Alignment
 {
 public:
     Alignment(const QString &query, const Candidate &candidate, bool keepPath)
-        : query(query), candidate(candidate), columns(candidate.lowered.size()), keepPath(keepPath)
+        : query(query), candidate(candidate), columns(candidate.lowered.size()), keepPath(keepPath),
+          best(scoreTable())
     {
         best.assign(static_cast<size_t>(query.size()) * columns, Unmatched);
         if (keepPath)
@@ -125,7 +134,7 @@ private:
     const Candidate &candidate;
     const int columns;
     const bool keepPath;
-    std::vector<int> best;
+    std::vector<int> &best;
     std::vector<int> previous;
     int end = -1;
 };
