@@ -3,9 +3,10 @@ BUILD ?= build
 FUZZ_BUILD ?= build-fuzz
 FUZZ_SECONDS ?= 60
 JOBS ?= 2
+PREFIX ?= $(HOME)/.local
 MAKEFLAGS += --no-print-directory
 
-.PHONY: setup configure build run test fuzz bench clean
+.PHONY: setup configure build run test fuzz bench install clean
 
 setup:
 	@bash scripts/bootstrap.sh
@@ -26,6 +27,9 @@ bench: build
 	@cmake --build $(BUILD) -j$(JOBS) --target benchmarks
 	@for b in $(BUILD)/bench/bench_*; do [ -f "$$b" ] && [ -x "$$b" ] || continue; echo "== $$b"; \
 	  LARKWOOD_RESOURCES=$(CURDIR)/$(BUILD)/share/larkwood bash tests/run-test.sh "$$b" || exit 1; done
+
+install: build
+	@cmake --install $(BUILD) --prefix $(PREFIX)
 
 fuzz: setup
 	@cmake -S . -B $(FUZZ_BUILD) -DLARKWOOD_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo > /dev/null

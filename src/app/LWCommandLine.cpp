@@ -25,10 +25,16 @@ QString helpText()
                           "Options:\n"
                           "  -h, --help          Show this help and exit.\n"
                           "  -v, --version       Show the version and exit.\n"
+                          "  --line <n>          Show line n of the first file once it is open.\n"
+                          "  --wait              Return only when the first file's document is closed\n"
+                          "                      (or the editor quits); for use as $EDITOR.\n"
                           "  --screenshot <png>  Save a picture of the window once the editor is ready, then quit.\n"
                           "\n"
                           "Arguments:\n"
-                          "  paths               Files and folders to open.\n");
+                          "  paths               Files and folders to open.\n"
+                          "\n"
+                          "When the editor is already running, the paths open in it and this\n"
+                          "command returns at once (with --wait: once the document is closed).\n");
 }
 
 QString versionText()

@@ -1,18 +1,26 @@
 #include "app/LWDefaults.h"
 
 #include "app/LWDefaultsValues.h"
+#include "app/LWSettingsFile.h"
 
 namespace {
 
 const QString fontNameKey = QStringLiteral("LW_FontName");
 const QString fallbackFontName = QStringLiteral("Menlo");
+const QString listItemKey = QStringLiteral("item");
+
+QString checkedSettingsPath()
+{
+    LWSettingsFile::migrate();
+    LWSettingsFile::keepCopyIfDamaged();
+    return LWSettingsFile::path();
+}
 
 }
 
 LWDefaults::LWDefaults(QObject *parent)
     : QObject(parent),
-      store(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Larkwood"),
-            QStringLiteral("Larkwood"))
+      store(checkedSettingsPath(), QSettings::IniFormat)
 {
 }
 
@@ -29,14 +37,29 @@ void LWDefaults::registerDefaults(const QVariantMap &defaults)
 
 bool LWDefaults::hasKey(const QString &key) const
 {
-    return store.contains(key) || registered.contains(key);
+    return store.contains(key) || holdsList(key) || registered.contains(key);
 }
 
 QVariant LWDefaults::objectForKey(const QString &key) const
 {
-    if (store.contains(key))
-        return store.value(key);
+    if (holdsList(key))
+        return readList(key);
+    if (!store.contains(key))
+        return registered.value(key);
+    const QVariant stored = store.value(key);
+    if (LWDefaultsValues::fits(stored, registered.value(key)))
+        return stored;
+    reportUnfitValue(key, stored);
     return registered.value(key);
+}
+
+void LWDefaults::reportUnfitValue(const QString &key, const QVariant &stored) const
+{
+    if (reportedKeys.contains(key))
+        return;
+    reportedKeys.insert(key);
+    qWarning("LWDefaults : the stored value \"%s\" of %s is not of its kind; its registered default applies",
+             qUtf8Printable(stored.toString().left(80)), qUtf8Printable(key));
 }
 
 bool LWDefaults::boolForKey(const QString &key) const
@@ -88,7 +111,11 @@ void LWDefaults::setString(const QString &key, const QString &value)
 void LWDefaults::setObject(const QString &key, const QVariant &value)
 {
     const QVariant before = objectForKey(key);
-    store.setValue(key, value);
+    store.remove(key);
+    if (value.typeId() == QMetaType::QStringList)
+        writeList(key, value.toStringList());
+    else
+        store.setValue(key, value);
     notifyIfChanged(key, before);
 }
 
@@ -102,16 +129,57 @@ void LWDefaults::removeObjectForKey(const QString &key)
 QVariantMap LWDefaults::dictionaryRepresentation() const
 {
     QVariantMap values;
-    for (const QString &key : store.allKeys())
+    for (const QString &key : store.childKeys())
         values.insert(key, store.value(key));
+    for (const QString &key : store.childGroups()) {
+        if (holdsList(key))
+            values.insert(key, readList(key));
+    }
     return values;
+}
+
+// A string list is kept as the store's own array form (a "size" entry and one
+// numbered entry per item), so that an empty list and a list of one item read
+// back as lists.
+void LWDefaults::writeList(const QString &key, const QStringList &list)
+{
+    store.beginWriteArray(key, static_cast<int>(list.size()));
+    for (int index = 0; index < list.size(); ++index) {
+        store.setArrayIndex(index);
+        store.setValue(listItemKey, list.at(index));
+    }
+    store.endArray();
+}
+
+bool LWDefaults::holdsList(const QString &key) const
+{
+    return store.contains(key + QStringLiteral("/size"));
+}
+
+QStringList LWDefaults::readList(const QString &key) const
+{
+    auto &reader = const_cast<QSettings &>(store);
+    QStringList list;
+    const int size = reader.beginReadArray(key);
+    for (int index = 0; index < size; ++index) {
+        reader.setArrayIndex(index);
+        list << reader.value(listItemKey).toString();
+    }
+    reader.endArray();
+    return list;
 }
 
 void LWDefaults::synchronize()
 {
     store.sync();
-    if (store.status() != QSettings::NoError)
+    if (store.status() == QSettings::AccessError) {
         qWarning("LWDefaults : could not write \"%s\"", qUtf8Printable(store.fileName()));
+    } else if (store.status() == QSettings::FormatError && !unreadableLinesReported) {
+        // The status stays set for the life of the store; say it once.
+        unreadableLinesReported = true;
+        qWarning("LWDefaults : \"%s\" held lines that could not be read; they are left out",
+                 qUtf8Printable(store.fileName()));
+    }
 }
 
 QVariant LWDefaults::comparable(const QString &key, const QVariant &value) const

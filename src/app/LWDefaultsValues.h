@@ -14,4 +14,10 @@ qint64 toInteger(const QVariant &value);
 QStringList toStringList(const QVariant &value);
 QVariantMap toMap(const QVariant &value);
 
+// Whether a stored value can stand for the registered one: a boolean or a
+// number for a boolean, a number for an integer, a scalar for a string, a
+// scalar or list for a list, a dictionary for a dictionary. Anything fits a
+// key without a registered value.
+bool fits(const QVariant &value, const QVariant &registered);
+
 }

@@ -93,6 +93,19 @@ void LWFileMenuController::chooseAndOpen(bool files, bool folders)
     shell->showOpenDialog(files, folders, {}, [this](const QString &path) { openPaths({path}); });
 }
 
+namespace {
+
+// "Importing documents..." with the spinner while a path is read in.
+void showImportStatus(LWShell &shell, bool importing)
+{
+    shell.setStatusMessage(importing ? QStringLiteral("Importing documents...") : QString());
+    shell.setStatusMessageVisible(importing);
+    shell.setStatusSpinnerRunning(importing);
+    shell.setStatusSpinnerVisible(importing);
+}
+
+}
+
 // Each path is imported on a background thread; a file is then selected,
 // which opens it, and a folder is expanded in the sidebar.
 void LWFileMenuController::openPaths(const QStringList &paths)
@@ -102,12 +115,17 @@ void LWFileMenuController::openPaths(const QStringList &paths)
             shell->noteRecentDocument(path);
     }
     LWDocumentManager *owner = &manager;
-    LWImportTask::start(paths, owner, nullptr,
+    const auto showImporting = [](qsizetype) {
+        if (LWShell *shell = LWShell::instance())
+            showImportStatus(*shell, true);
+    };
+    LWImportTask::start(paths, owner, showImporting,
                         [owner](qsizetype, const QString &path, const LWDocument::Ptr &node) {
                             const LWDocument::Ptr adopted = owner->documentTree().adoptImported(path, node);
                             LWShell *shell = LWShell::instance();
                             if (!shell)
                                 return;
+                            showImportStatus(*shell, false);
                             shell->reloadOutline();
                             if (adopted && adopted->isFile())
                                 shell->selectInOutline(adopted);

@@ -34,6 +34,8 @@ void flipWhereStoredDiffers(Controller &controller, std::initializer_list<Flip<C
     }
 }
 
+}
+
 void applyTheme()
 {
     const LWEnvironment *environment = LWEnvironment::shared();
@@ -44,8 +46,6 @@ void applyTheme()
         return;
     }
     EditorCommand::send(QStringLiteral("lw.setTheme('%1');").arg(theme->infoText(QStringLiteral("name"))));
-}
-
 }
 
 void apply(LWViewMenuController &view, LWFindMenuController &find)

@@ -11,4 +11,8 @@ namespace StoredEditorSettings {
 
 void apply(LWViewMenuController &view, LWFindMenuController &find);
 
+// Sends the stored theme ("LW_Theme") to the editor; a theme that is not
+// installed is logged and the editor keeps its own.
+void applyTheme();
+
 }

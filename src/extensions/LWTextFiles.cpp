@@ -16,10 +16,26 @@ std::optional<QString> readUtf8(const QString &path)
     return QString::fromUtf8(file.readAll());
 }
 
+namespace {
+
+bool alreadyHolds(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.size() == bytes.size() && file.open(QIODevice::ReadOnly) && file.readAll() == bytes;
+}
+
+}
+
+// Generated editor files are mostly written again with what they already
+// hold (the shipped copies of modes and themes): such a file is left alone,
+// which spares a write and a sync to disk per file at start-up.
 bool writeAtomically(const QString &path, const QString &text)
 {
+    const QByteArray bytes = text.toUtf8();
+    if (alreadyHolds(path, bytes))
+        return true;
     QDir().mkpath(QFileInfo(path).absolutePath());
-    return LWSafeSave::write(path, text.toUtf8());
+    return LWSafeSave::write(path, bytes);
 }
 
 bool isSafeFileName(const QString &name)

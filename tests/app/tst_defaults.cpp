@@ -1,8 +1,11 @@
 #include "app/LWDefaults.h"
 #include "app/LWDefaultsController.h"
 #include "app/LWDefaultsValues.h"
+#include "app/LWSettingsFile.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -27,7 +30,7 @@ class TestDefaults : public QObject
 private slots:
     void init()
     {
-        QSettings(QSettings::IniFormat, QSettings::UserScope, "Larkwood", "Larkwood").clear();
+        QSettings(LWSettingsFile::path(), QSettings::IniFormat).clear();
         defaults = std::make_unique<LWDefaults>();
         controller = std::make_unique<LWDefaultsController>(*defaults);
     }
@@ -147,16 +150,70 @@ private slots:
         // A copy of the file forces a fresh parse rather than the in-process cache.
         QTemporaryDir scratch;
         const QString copy = scratch.filePath("copy.conf");
-        QVERIFY(QFile::copy(QSettings(QSettings::IniFormat, QSettings::UserScope, "Larkwood", "Larkwood").fileName(),
-                            copy));
-        const QSettings reread(copy, QSettings::IniFormat);
-        QCOMPARE(LWDefaultsValues::toStringList(reread.value("LW_PreviouslyOpened")), opened);
+        QVERIFY(QFile::copy(LWSettingsFile::path(), copy));
+        QSettings reread(copy, QSettings::IniFormat);
+        // Lists are the store's arrays, so an empty list is a list too.
+        QStringList stored;
+        const int size = reread.beginReadArray("LW_PreviouslyOpened");
+        for (int index = 0; index < size; ++index) {
+            reread.setArrayIndex(index);
+            stored << reread.value("item").toString();
+        }
+        reread.endArray();
+        QVERIFY(reread.contains("LW_PreviouslyOpened/size"));
+        QCOMPARE(stored, opened);
         QCOMPARE(LWDefaultsValues::toMap(reread.value("LW_User_Extensions")), extensions);
         QVERIFY(!LWDefaultsValues::toBool(reread.value("LW_Panel")));
         QCOMPARE(LWDefaults().arrayForKey("LW_PreviouslyOpened"), opened);
     }
 
+    void olderSettingsFileIsTakenOverOnce()
+    {
+        defaults.reset();
+        QFile::remove(LWSettingsFile::path());
+        const QString older = QFileInfo(LWSettingsFile::path()).dir().filePath("Larkwood.ini");
+        writeFile(older, "[General]\nLW_TabSize=8\nLW_Sidebar=0\n");
+        LWDefaults migrated;
+        LWDefaultsController registering(migrated);
+        QCOMPARE(migrated.integerForKey("LW_TabSize"), 8);
+        QVERIFY(!migrated.boolForKey("LW_Sidebar"));
+        QVERIFY(!QFile::exists(older));
+        QVERIFY(QFile::exists(LWSettingsFile::path()));
+    }
+
+    // Garbage bytes and values of the wrong kind: every key reads its
+    // registered default, the file is copied aside, and writing still works.
+    void damagedFileReadsRegisteredDefaults()
+    {
+        defaults.reset();
+        QByteArray garbage("\xff\xfe\x00[\x01General\n==\n\x80\x81");
+        garbage += "\n[General]\nLW_TabSize=abc\nLW_Sidebar=maybe\nLW_FontSize=\nLW_Theme=a, b, c\n"
+                   "LW_User_Extensions=@Variant(\\0\\xff\\x1)\nLW_PreviouslyOpened=@Invalid()\nLW_WrapLimit=80\n";
+        writeFile(LWSettingsFile::path(), garbage);
+        LWDefaults damaged;
+        LWDefaultsController registering(damaged);
+        QCOMPARE(damaged.integerForKey("LW_TabSize"), 4);
+        QVERIFY(damaged.boolForKey("LW_Sidebar"));
+        QCOMPARE(damaged.integerForKey("LW_FontSize"), 14);
+        QCOMPARE(damaged.stringForKey("LW_Theme"), QStringLiteral("Classic (Larkwood)"));
+        QVERIFY(damaged.dictionaryForKey("LW_User_Extensions").isEmpty());
+        QVERIFY(damaged.arrayForKey("LW_PreviouslyOpened").isEmpty());
+        QCOMPARE(damaged.integerForKey("LW_WrapLimit"), 80);
+        QVERIFY(QFile::exists(LWSettingsFile::path() + ".unreadable"));
+        damaged.setInteger("LW_TabSize", 2);
+        damaged.synchronize();
+        QCOMPARE(LWDefaults().integerForKey("LW_TabSize"), 2);
+    }
+
 private:
+    static void writeFile(const QString &path, const QByteArray &bytes)
+    {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(bytes);
+    }
+
     std::unique_ptr<LWDefaults> defaults;
     std::unique_ptr<LWDefaultsController> controller;
 };

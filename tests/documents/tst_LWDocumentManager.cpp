@@ -188,6 +188,9 @@ void tst_LWDocumentManager::newAndOpenAddToTheWorkspace()
     menu.openAction();
     QTRY_COMPARE(manager.documentTree().groups().size(), size_t(2));
     QCOMPARE(shell->calls, QStringList({"open dialog files 1 folders 1 types []", "recent " + shell->pathAnswer,
+                                        "status message \"Importing documents...\"", "status message shown",
+                                        "status spinner running", "status spinner shown", "status message \"\"",
+                                        "status message hidden", "status spinner stopped", "status spinner hidden",
                                         "outline reload", "outline expand PROJ"}));
     menu.openAction();
     QTRY_COMPARE(shell->alerts.size(), 1);

@@ -33,6 +33,23 @@
     return editor;
   }
 
+  // The caret blinks while the user works and stays solid once nothing has
+  // happened for a while: a blinking caret redraws the page twice a second
+  // and keeps an idle editor busy.
+  var CARET_REST_MS = 5000;
+
+  function restCaretWhenIdle(editor) {
+    var cursor = editor.renderer.$cursorLayer;
+    var timer = null;
+    function wake() {
+      cursor.setBlinking(!editor.getReadOnly());
+      clearTimeout(timer);
+      timer = setTimeout(function () { cursor.setBlinking(false); }, CARET_REST_MS);
+    }
+    ['focus', 'change', 'changeSelection', 'changeSession'].forEach(function (name) { editor.on(name, wake); });
+    wake();
+  }
+
   // Coalesces bursts of calls into one call per animation frame.
   function perFrame(callback) {
     var pending = false;
@@ -71,6 +88,7 @@
     var panel = global.Panel;
     panel.build(document.body);
     var editor = createEditor();
+    restCaretWhenIdle(editor);
     panel.onResize(function () { editor.resize(); });
     var settings = new global.SessionSettings();
     var terminal = new global.Terminal('#terminal', function () { editor.focus(); });

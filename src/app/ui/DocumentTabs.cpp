@@ -41,4 +41,33 @@ void DocumentTabs::showDocument(const LWDocument::Ptr &document)
     const int index = static_cast<int>(gone - documents.begin());
     setTabText(index, document->label());
     setCurrentIndex(index);
+    emit tabsChanged();
+}
+
+std::vector<LWDocument::Ptr> DocumentTabs::openDocuments() const
+{
+    std::vector<LWDocument::Ptr> open;
+    for (const std::weak_ptr<LWDocument> &tab : documents) {
+        if (LWDocument::Ptr document = tab.lock())
+            open.push_back(document);
+    }
+    return open;
+}
+
+LWDocument::Ptr DocumentTabs::selectedDocument() const
+{
+    const int index = currentIndex();
+    return index >= 0 && index < static_cast<int>(documents.size()) ? documents.at(index).lock() : nullptr;
+}
+
+void DocumentTabs::tabInserted(int index)
+{
+    QTabBar::tabInserted(index);
+    emit tabsChanged();
+}
+
+void DocumentTabs::tabRemoved(int index)
+{
+    QTabBar::tabRemoved(index);
+    emit tabsChanged();
 }

@@ -22,8 +22,19 @@ public:
     // imported), else gets a new tab, so no open document's tab is taken over.
     void showDocument(const LWDocument::Ptr &document);
 
+    // The nodes shown in tabs, in tab order (tabs whose node is gone are left out).
+    std::vector<LWDocument::Ptr> openDocuments() const;
+    // The node of the selected tab, or null.
+    LWDocument::Ptr selectedDocument() const;
+
 signals:
     void documentChosen(const LWDocument::Ptr &document);
+    // A tab was added or removed, or shows another node.
+    void tabsChanged();
+
+protected:
+    void tabInserted(int index) override;
+    void tabRemoved(int index) override;
 
 private:
     std::vector<std::weak_ptr<LWDocument>> documents;

@@ -7,6 +7,8 @@
 #include "app/ui/FileMenu.h"
 #include "app/ui/LWMainWindow.h"
 #include "app/ui/PluginsMenu.h"
+#include "app/ui/PreferencesCommands.h"
+#include "app/ui/WindowSession.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWDocumentTree.h"
@@ -33,8 +35,7 @@
 #include <QWebEngineView>
 
 LWAppDelegate::LWAppDelegate(const QStringList &paths)
-    : launchPaths(paths),
-      environment(std::make_unique<LWEnvironment>()),
+    : environment(std::make_unique<LWEnvironment>()),
       bridge(std::make_unique<LWBackend>()),
       defaultsController(std::make_unique<LWDefaultsController>()),
       documents(std::make_unique<LWDocumentManager>()),
@@ -54,6 +55,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     LWShell::setInstance(this);
     connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &LWAppDelegate::shutDown);
+    openFiles(paths);
 }
 
 LWAppDelegate::~LWAppDelegate()
@@ -79,6 +81,7 @@ void LWAppDelegate::buildWindow()
                     environment.get(), [this] { requestQuit(); });
     EditorMenus::build(mainWindow->menuBar(), {editMenu.get(), documentMenu.get(), viewMenu.get(), findMenu.get()},
                        environment.get());
+    addPreferencesCommands();
     mainWindow->setSpecMenu(mainWindow->menuBar()->findChild<QMenu *>(QStringLiteral("specsMenu")));
     pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get());
     pluginsMenu = std::make_unique<PluginsMenu>(mainWindow->menuBar()->addMenu(QStringLiteral("Plugins")),
@@ -103,6 +106,11 @@ void LWAppDelegate::buildWindow()
         else
             qInfo("Dropped paths ignored: the workspace is not up yet");
     });
+    // Asked after the tab bar has settled, so a tab being closed is gone.
+    connect(mainWindow->tabs(), &DocumentTabs::tabsChanged, this, &LWAppDelegate::reportOpenDocuments,
+            Qt::QueuedConnection);
+    if (!WindowSession::restoreFrame(*mainWindow))
+        mainWindow->resize(1200, 800);
     connect(mainWindow->tabs(), &DocumentTabs::documentChosen, this, [this](const LWDocument::Ptr &document) {
         mainWindow->outline()->select(document);
         switchTo(document);
@@ -113,8 +121,21 @@ void LWAppDelegate::buildWindow()
         connect(terminalFocus, &QAction::triggered, editorPage->view(), [view = editorPage->view()] { view->setFocus(); });
 }
 
+// The preferences commands close the Edit menu, as on other Linux editors.
+void LWAppDelegate::addPreferencesCommands()
+{
+    preferenceCommands = std::make_unique<PreferencesCommands>(mainWindow.get(), *this, *viewMenu, *defaultsController);
+    for (QAction *entry : mainWindow->menuBar()->actions()) {
+        if (entry->menu() && entry->text() == QLatin1String("Edit")) {
+            preferenceCommands->addMenuItems(entry->menu());
+            return;
+        }
+    }
+    qWarning("No Edit menu: the preferences commands have no menu items");
+}
+
 // The editor page has loaded: the first time, build the workspace (the
-// command line's paths, else the remembered ones, else one untitled file),
+// handed-over files, else the remembered ones, else one untitled file),
 // let the outline select and open the node the workspace names, and apply
 // the stored settings. A later load of the page keeps the workspace, so
 // nothing open is lost.
@@ -136,19 +157,26 @@ void LWAppDelegate::postProcess()
 
 void LWAppDelegate::buildWorkspace()
 {
-    const QStringList paths = startupPaths();
-    for (const QString &handedOver : launchPaths)
-        noteRecentDocument(handedOver);
-    documents = paths.isEmpty() ? LWDocumentManager::newWithUntitled() : LWDocumentManager::newWithPaths(paths);
+    if (dropOpened) {
+        for (const QString &handedOver : droppedOpened)
+            noteRecentDocument(handedOver);
+        // dropOpened stays set: later arrivals are told apart by the empty list.
+        documents = LWDocumentManager::newWithPaths(std::exchange(droppedOpened, {}));
+    } else {
+        const QStringList remembered = rememberedPaths();
+        documents = remembered.isEmpty() ? LWDocumentManager::newWithUntitled()
+                                         : LWDocumentManager::newWithPaths(remembered);
+        if (!remembered.isEmpty())
+            connect(documents.get(), &LWDocumentManager::importFinished, this, &LWAppDelegate::restoreTabs);
+    }
     LWDocumentManager::setShared(documents.get());
     fileMenu = std::make_unique<LWFileMenuController>(*documents);
     QMetaObject::invokeMethod(this, &LWAppDelegate::reloadOutline, Qt::QueuedConnection);
 }
 
-QStringList LWAppDelegate::startupPaths() const
+// The paths of the last run that still exist, when "LW_DoAtStartup" is 0.
+QStringList LWAppDelegate::rememberedPaths() const
 {
-    if (!launchPaths.isEmpty())
-        return launchPaths;
     const LWDefaults *defaults = LWDefaults::shared();
     if (defaults->integerForKey(QStringLiteral("LW_DoAtStartup")) != 0)
         return {};
@@ -158,6 +186,7 @@ QStringList LWAppDelegate::startupPaths() const
 void LWAppDelegate::switchTo(const std::shared_ptr<LWDocument> &document)
 {
     documents->switchToDoc(document);
+    goToPendingLine();
 }
 
 void LWAppDelegate::openFromOutline(const std::shared_ptr<LWDocument> &document)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/LWOpenRequest.h"
 #include "app/LWShell.h"
 
 #include <QObject>
@@ -19,6 +20,7 @@ class LWMainWindow;
 class LWPluginsMenuController;
 class PluginsMenu;
 class SearchCommands;
+class PreferencesCommands;
 class RemoteFolderActions;
 class RemoteFolderTransfers;
 class LWUtilityWebViewController;
@@ -46,8 +48,19 @@ public:
     LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
     LWDocumentManager *documentManager() const { return documents.get(); }
     SearchCommands *search() const { return searchCommands.get(); }
+    PreferencesCommands *preferences() const { return preferenceCommands.get(); }
     // Uploads, downloads and listings of the remote-mapped folders.
     RemoteFolderActions *remoteFolderActions() const;
+
+    // Files and folders handed over by the system (the command line, a later
+    // start of the program): imported at once once the workspace is up,
+    // else parked until the editor page has loaded.
+    void openFiles(const QStringList &paths);
+    // A later start's request: its paths are handed over, the window comes
+    // to the front, and the first file shows the line asked for.
+    void openRequest(const LWOpenRequest &request);
+    // Full paths of the documents in the tab bar, in tab order.
+    QStringList openDocumentPaths() const;
 
     // The Quit command: quits at once when "LW_DoOnQuit" is non-zero or
     // nothing is unsaved, otherwise only after the user confirms.
@@ -111,13 +124,21 @@ public:
 signals:
     // The workspace is built and the stored settings are applied.
     void editorReady();
+    // A tab was opened, closed or given another document.
+    void openDocumentsChanged(const QStringList &paths);
 
 private:
     void buildWindow();
+    void addPreferencesCommands();
     void postProcess();
     void buildWorkspace();
-    QStringList startupPaths() const;
+    QStringList rememberedPaths() const;
+    // Once the restored workspace is imported: its tabs again, in order,
+    // with the one that was selected.
+    void restoreTabs();
     void switchTo(const std::shared_ptr<LWDocument> &document);
+    void goToPendingLine();
+    void reportOpenDocuments();
     // A file chosen in the outline is shown in its own tab.
     void openFromOutline(const std::shared_ptr<LWDocument> &document);
     // The window's close button quits as "LW_DoOnQuit" says (2 and up: it does nothing).
@@ -127,7 +148,12 @@ private:
     // ends the commands still running.
     void shutDown();
 
-    QStringList launchPaths;
+    // Handed-over files that arrived before the workspace was up.
+    bool dropOpened = false;
+    QStringList droppedOpened;
+    // The line a later start asked to show in one file, once it is in the editor.
+    QString pendingLinePath;
+    int pendingLine = 0;
     bool started = false;
     bool appTerminating = false;
     std::shared_ptr<LWDocument> documentToSelect;
@@ -148,5 +174,6 @@ private:
     std::unique_ptr<LWMainWindow> mainWindow;
     std::unique_ptr<PluginsMenu> pluginsMenu;
     std::unique_ptr<SearchCommands> searchCommands;
+    std::unique_ptr<PreferencesCommands> preferenceCommands;
     std::unique_ptr<RemoteFolderTransfers> remoteTransfers;
 };

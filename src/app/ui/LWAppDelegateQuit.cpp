@@ -4,6 +4,8 @@
 
 #include "app/LWDefaults.h"
 #include "app/ui/Dialogs.h"
+#include "app/ui/DocumentTabs.h"
+#include "app/ui/WindowSession.h"
 #include "app/ui/LWMainWindow.h"
 #include "documents/LWDocumentManager.h"
 #include "terminal/ProcessGroup.h"
@@ -50,6 +52,9 @@ void LWAppDelegate::shutDown()
 {
     qInfo("Application WILL terminate");
     documents->rememberWorkspace();
+    const LWDocument::Ptr selected = mainWindow->tabs()->selectedDocument();
+    WindowSession::save(*mainWindow, openDocumentPaths(), selected ? selected->fullPath() : QString());
+    LWDefaults::shared()->synchronize();
     // Commands still running (and whatever they started) end with the editor.
     ProcessGroup::killAll();
 }

@@ -225,6 +225,7 @@ void LWAppDelegate::selectInOutline(const std::shared_ptr<LWDocument> &document)
     mainWindow->outline()->select(document);
     if (document && document->isFile() && document != documents->currentDocument())
         openFromOutline(document);
+    goToPendingLine();
 }
 
 void LWAppDelegate::expandInOutline(const std::shared_ptr<LWDocument> &document, bool withChildren)

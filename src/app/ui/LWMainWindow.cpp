@@ -49,12 +49,12 @@ LWMainWindow::LWMainWindow(QWidget *editorView, QWidget *utilityView, QWidget *p
     verticalSplit->addWidget(buildEditorArea());
     verticalSplit->addWidget(buildUtilityPane(utilityView));
     verticalSplit->setCollapsible(0, false);
-    auto *horizontalSplit = new QSplitter(Qt::Horizontal, this);
-    horizontalSplit->addWidget(workspaceOutline);
-    horizontalSplit->addWidget(verticalSplit);
-    horizontalSplit->setStretchFactor(1, 1);
-    horizontalSplit->setSizes({220, 980});
-    setCentralWidget(horizontalSplit);
+    sidebarSplit = new QSplitter(Qt::Horizontal, this);
+    sidebarSplit->addWidget(workspaceOutline);
+    sidebarSplit->addWidget(verticalSplit);
+    sidebarSplit->setStretchFactor(1, 1);
+    sidebarSplit->setSizes({220, 980});
+    setCentralWidget(sidebarSplit);
     buildStatusBar();
     utilityPane->hide();
 }
@@ -248,6 +248,16 @@ QMenu *LWMainWindow::statusPluginsMenu() const
 void LWMainWindow::setSidebarVisible(bool visible)
 {
     workspaceOutline->setVisible(visible);
+}
+
+QList<int> LWMainWindow::sidebarSplitSizes() const
+{
+    return sidebarSplit->sizes();
+}
+
+void LWMainWindow::setSidebarSplitSizes(const QList<int> &sizes)
+{
+    sidebarSplit->setSizes(sizes);
 }
 
 void LWMainWindow::setTabBarVisible(bool visible)

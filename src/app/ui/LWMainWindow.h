@@ -43,6 +43,9 @@ public:
 
     // Layout parts.
     void setSidebarVisible(bool visible);
+    // Widths of the sidebar and of the editor side.
+    QList<int> sidebarSplitSizes() const;
+    void setSidebarSplitSizes(const QList<int> &sizes);
     void setTabBarVisible(bool visible);
 
     // Editor area.
@@ -89,6 +92,7 @@ private:
     QLabel *imagePreview;
     QProgressBar *loadingSpinner;
     QToolButton *runButton;
+    QSplitter *sidebarSplit;
     QSplitter *verticalSplit;
     QWidget *utilityPane;
     QLabel *utilityLabel;
