@@ -18,6 +18,7 @@ QVariantMap registeredValues()
         {QStringLiteral("LW_SoftTabs"), false},
         {QStringLiteral("LW_TabSize"), 4},
         {QStringLiteral("LW_WordWrap"), true},
+        {QStringLiteral("LW_Completion"), true},
         {QStringLiteral("LW_WrapLimit"), 0},
         {QStringLiteral("LW_FontName"), QStringLiteral("Menlo")},
         {QStringLiteral("LW_FontSize"), 14},

@@ -15,6 +15,8 @@ class LWDocumentFilterCache
 public:
     // Marks every cached filter result as stale.
     static void workspaceChanged();
+    // Grows each time the workspace changes.
+    static quint64 currentGeneration() { return generation.load(std::memory_order_relaxed); }
 
     // The cached list if it is for this filter and still current, else null.
     const LWDocument::List *lookup(const QString &filter) const;

@@ -31,6 +31,7 @@ const QHash<QString, QString> &toggleKeys()
         {QStringLiteral("toggleInvisiblesAction"), QStringLiteral("LW_Invisibles")},
         {QStringLiteral("useSoftTabsToggle"), QStringLiteral("LW_SoftTabs")},
         {QStringLiteral("useWordWrapToggle"), QStringLiteral("LW_WordWrap")},
+        {QStringLiteral("toggleCompletionAction"), QStringLiteral("LW_Completion")},
     };
     return keys;
 }
@@ -117,6 +118,11 @@ void LWViewMenuController::togglePanelAction(QAction *)
 void LWViewMenuController::toggleGutterAction(QAction *)
 {
     EditorCommand::flipAndSend(QStringLiteral("LW_Gutter"), QStringLiteral("lw.toggleGutter"));
+}
+
+void LWViewMenuController::toggleCompletionAction(QAction *)
+{
+    EditorCommand::flipAndSend(QStringLiteral("LW_Completion"), QStringLiteral("lw.setCompletion"));
 }
 
 void LWViewMenuController::togglePrintMarginAction(QAction *)

@@ -7,7 +7,7 @@ class LWShell;
 class QAction;
 
 // The View menu's editor settings: panel, gutter, margins, guides, invisible
-// characters, soft tabs and wrapping, tab size, wrap limit, font and theme.
+// characters, soft tabs and wrapping, completion, tab size, wrap limit, font and theme.
 // Each action stores the default first and then sends the script built from
 // the stored value. Items carry their action's name as object name; the
 // validator enables every item and sets its check mark from the defaults.
@@ -33,6 +33,8 @@ public slots:
     void toggleInvisiblesAction(QAction *sender = nullptr);
     void useSoftTabsToggle(QAction *sender = nullptr);
     void useWordWrapToggle(QAction *sender = nullptr);
+    // Words, keywords and snippets offered while typing; Tab expands a snippet.
+    void toggleCompletionAction(QAction *sender = nullptr);
 
     // The tab size and wrap limit items take their number from their titles.
     void tabSize2Switch(QAction *sender);

@@ -61,7 +61,8 @@ void apply(LWViewMenuController &view, LWFindMenuController &find)
                                         {"LW_IndentationGuides", false, &View::toggleIndentationGuidesAction},
                                         {"LW_Invisibles", true, &View::toggleInvisiblesAction},
                                         {"LW_SoftTabs", true, &View::useSoftTabsToggle},
-                                        {"LW_WordWrap", true, &View::useWordWrapToggle}});
+                                        {"LW_WordWrap", true, &View::useWordWrapToggle},
+                                        {"LW_Completion", true, &View::toggleCompletionAction}});
     flipWhereStoredDiffers<Find>(find, {{"LW_Search_Regex", true, &Find::useRegularExpressionsToggle},
                                         {"LW_Search_Case", true, &Find::caseSensitiveToggle},
                                         {"LW_Search_Whole_Word", true, &Find::matchWholeWordToggle}});

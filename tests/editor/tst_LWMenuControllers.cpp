@@ -396,7 +396,8 @@ void TestMenuControllers::storedSettingsFlipOnlyWhatDiffersFromTheStart()
     QVERIFY(!LWDefaults::shared()->boolForKey(QStringLiteral("LW_Sidebar")));
     QTRY_COMPARE(shell->editorScripts,
                  QStringList({QStringLiteral("lw.togglePanel(true);"), QStringLiteral("lw.togglePrintMargin(false);"),
-                              QStringLiteral("lw.toggleWordWrap(true);"), QStringLiteral("lw.searchOptCaseToggle(true);"), QStringLiteral("lw.setTabSize(4);"),
+                              QStringLiteral("lw.toggleWordWrap(true);"), QStringLiteral("lw.setCompletion(true);"),
+                              QStringLiteral("lw.searchOptCaseToggle(true);"), QStringLiteral("lw.setTabSize(4);"),
                               QStringLiteral("lw.setWrapLimit(0);"), QStringLiteral("lw.setFontSize(14);"),
                               QStringLiteral("lw.editor.setOption('fontFamily','Menlo');")}));
 }

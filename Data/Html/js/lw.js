@@ -137,6 +137,17 @@
     }).join('');
   }
 
+  // Live completion of the document's words, the mode's keywords and its
+  // snippets; Tab expands a snippet's trigger.
+  function completion(editor) {
+    return {
+      setCompletion: function (on) {
+        on = on === true;
+        editor.setOptions({ enableBasicAutocompletion: on, enableLiveAutocompletion: on, enableSnippets: on });
+      }
+    };
+  }
+
   function searching(editor, search, panel) {
     return {
       showSearchTab: function () { panel.showTab('search'); search.focus(); },
@@ -187,6 +198,7 @@
       bookmarks(editor),
       { goToLine: goToLine(editor) },
       view(editor, parts.settings, parts.panel),
+      completion(editor),
       searching(editor, parts.search, parts.panel),
       state(parts.sessions),
       text(editor)

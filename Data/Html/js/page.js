@@ -5,7 +5,7 @@
 
   var STYLES = ['lib/jquery.terminal.min.css', 'css/page.css'];
   var SCRIPTS = [
-    'lib/jquery.min.js', 'lib/jquery.terminal.min.js', 'lib/coffeescript.js', 'ace/ace.js',
+    'lib/jquery.min.js', 'lib/jquery.terminal.min.js', 'lib/coffeescript.js', 'ace/ace.js', 'ace/ext-language_tools.js',
     'js/bridge.js', 'js/inspect.js', 'js/events.js', 'js/callbacks.js', 'js/layout.js', 'js/modules.js',
     'js/sessionsettings.js', 'js/textsource.js', 'js/sessions.js', 'js/search.js', 'js/ansi.js', 'js/outputqueue.js',
     'js/terminal.js', 'js/lw.js', 'js/pluginapi.js', 'js/plugins.js', 'js/main.js'

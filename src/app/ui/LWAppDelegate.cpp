@@ -26,6 +26,8 @@
 #include "editor/ui/LWWebViewController.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/ui/LWPluginsMenuController.h"
+#include "search/ui/QuickOpen.h"
+#include "search/ui/SearchCommands.h"
 #include "remote/RemoteFolderTransfers.h"
 #include "remote/ui/TransfersMenu.h"
 
@@ -62,6 +64,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
 LWAppDelegate::~LWAppDelegate()
 {
     uiController.reset();
+    searchCommands.reset();
     mainWindow.reset();
     LWDocumentManager::setShared(nullptr);
     LWEnvironment::setShared(nullptr);
@@ -84,6 +87,11 @@ void LWAppDelegate::buildWindow()
                                         documentMenu.get(), viewMenu.get(), findMenu.get(), pluginsController.get()},
         [this] { requestQuit(); });
     addPreferencesCommands();
+    searchCommands = std::make_unique<SearchCommands>(mainWindow.get(), [this] { return documents.get(); }, this,
+                                                      this, editorPage->view());
+    // The outline is rebuilt when the workspace gains or loses files.
+    connect(mainWindow->outline(), &WorkspaceOutline::reloading, searchCommands->quickOpen(),
+            &QuickOpen::refreshIndex, Qt::QueuedConnection);
     TransfersMenu::build(mainWindow->menuBar(), remoteTransfers.get());
     connect(mainWindow.get(), &LWMainWindow::pluginMenuItemChosen, bridge.get(),
             &LWBackend::utilityViewMenuItemClicked_);

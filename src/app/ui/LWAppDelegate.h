@@ -22,6 +22,7 @@ class LWUIController;
 class LWTabBarController;
 class LWWindowMenuController;
 class TabClosing;
+class SearchCommands;
 class PreferencesCommands;
 class RemoteFolderActions;
 class RemoteFolderTransfers;
@@ -49,6 +50,7 @@ public:
     LWWebViewController *webView() const { return editorPage.get(); }
     LWUtilityWebViewController *utilityWebView() const { return utilityPage.get(); }
     LWDocumentManager *documentManager() const { return documents.get(); }
+    SearchCommands *search() const { return searchCommands.get(); }
     PreferencesCommands *preferences() const { return preferenceCommands.get(); }
     // Uploads, downloads and listings of the remote-mapped folders.
     RemoteFolderActions *remoteFolderActions() const;
@@ -186,6 +188,7 @@ private:
     std::unique_ptr<LWTabBarController> tabBarController;
     std::unique_ptr<TabClosing> tabClosing;
     std::unique_ptr<LWWindowMenuController> windowMenu;
+    std::unique_ptr<SearchCommands> searchCommands;
     std::unique_ptr<PreferencesCommands> preferenceCommands;
     std::unique_ptr<RemoteFolderTransfers> remoteTransfers;
 };

@@ -175,7 +175,7 @@ void tst_PluginsInWindow::everyKeyBelongsToOneItem()
     QVERIFY(item("Shout"));
     QVERIFY(item("Shout")->shortcut().isEmpty());
     QCOMPARE(delegate->window()->findChild<QAction *>("saveAction")->shortcut(), QKeySequence("Ctrl+S"));
-    QCOMPARE(item("Preview HTML")->shortcut(), QKeySequence("Ctrl+Shift+P"));
+    QCOMPARE(item("Preview HTML")->shortcut(), QKeySequence("Meta+Shift+P"));
     QCOMPARE(item("Preview Markdown")->shortcut(), QKeySequence("Ctrl+Shift+M"));
     QCOMPARE(item("Format JSON")->shortcut(), QKeySequence("Meta+Shift+J"));
     QCOMPARE(item("Sort Lines")->shortcut(), QKeySequence("Meta+F5"));

@@ -1,5 +1,6 @@
 #include "app/ui/LWAppDelegate.h"
 #include "app/ui/LWMainWindow.h"
+#include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "support/WebTestMain.h"
 
@@ -42,6 +43,10 @@ void TestDocumentSwitching::initTestCase()
     delegate->window()->show();
     QSignalSpy ready(delegate.get(), &LWAppDelegate::editorReady);
     QVERIFY(ready.wait(60000));
+    // The start-up's untitled document is shown once the outline lists it;
+    // switches made before that would race with it.
+    QTRY_VERIFY(delegate->window()->outline()->topLevelItemCount() > 0);
+    QTRY_VERIFY(delegate->documentManager()->currentDocument());
     elsewhere = LWDocument::fileWithLabel(QStringLiteral("elsewhere.txt"), QStringLiteral("elsewhere\n"));
     page(QStringLiteral("window.textsFetched = 0; var open = XMLHttpRequest.prototype.open;"
                         "XMLHttpRequest.prototype.open = function (method, url) {"
