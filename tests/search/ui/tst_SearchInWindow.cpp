@@ -1,4 +1,4 @@
-#include "app/ui/DocumentTabs.h"
+#include "documents/ui/TabBarView.h"
 #include "app/ui/WorkspaceOutline.h"
 #include "documents/LWDocumentManager.h"
 #include "search/ui/CommandPalette.h"
@@ -120,8 +120,9 @@ void TestSearchInWindow::quickOpenFindsAndOpensAFile()
 
     QVERIFY(!popup->isVisible());
     QTRY_VERIFY(currentPath().endsWith("deep/er/needle_target.cpp"));
-    DocumentTabs *tabs = driver->delegate->window()->tabs();
-    QCOMPARE(tabs->tabText(tabs->currentIndex()), QStringLiteral("needle_target.cpp"));
+    TabBarView *tabs = driver->delegate->window()->tabs();
+    QVERIFY(tabs->selectedTab());
+    QCOMPARE(tabs->selectedTab()->title(), QStringLiteral("needle_target.cpp"));
     QTRY_VERIFY(driver->page("lw.editor.getValue()").contains("zebra-unicorn-42"));
 
     // Escape leaves without opening anything.
