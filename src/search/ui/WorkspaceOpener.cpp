@@ -20,8 +20,9 @@ bool WorkspaceOpener::open(const QString &fullPath, int line) const
         return false;
     }
     outline->selectInOutline(node);
-    if (line > 0)
-        pages->sendToEditor(QStringLiteral("lw.goToLine(%1);").arg(line));
+    // The keyboard goes to the editor inside the page too: the view may have
+    // kept Qt's focus while a popup had the keys, so the page is not told.
+    pages->sendToEditor(line > 0 ? QStringLiteral("lw.goToLine(%1);").arg(line) : QStringLiteral("lw.editor.focus();"));
     editorView->setFocus();
     return true;
 }

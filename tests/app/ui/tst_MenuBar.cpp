@@ -150,13 +150,22 @@ void TestMenuBar::editCommandsActOnTheEditor()
 
 // The input dialog's field has the keyboard: the Edit menu acts on it, not on
 // the editor behind it.
+// The shown text field of the dialog in front of the window (the window has fields of its own).
+static QLineEdit *dialogField(QWidget *window)
+{
+    for (QLineEdit *field : window->findChildren<QLineEdit *>())
+        if (field->window() != window && field->isVisible())
+            return field;
+    return nullptr;
+}
+
 void TestMenuBar::editCommandsActOnAFocusedLineEdit()
 {
     const QString before = editorText();
     QString accepted;
     driver->delegate->showInput(QStringLiteral("Name"), QString(), [&](const QString &text) { accepted = text; });
     QLineEdit *field = nullptr;
-    QTRY_VERIFY((field = driver->delegate->window()->findChild<QLineEdit *>()) && field->isVisible());
+    QTRY_VERIFY((field = dialogField(driver->delegate->window())));
     field->activateWindow();
     field->setFocus();
     QTRY_COMPARE(QApplication::focusWidget(), field);
@@ -198,7 +207,7 @@ void TestMenuBar::layoutToggleFlipsItsMarkPaneAndDefault()
     QVERIFY(toggle->isChecked());
 
     toggle->trigger();
-    QVERIFY(sidebar->isHidden());
+    QVERIFY(!sidebar->isVisible());
     QVERIFY(!LWDefaults::shared()->boolForKey(QStringLiteral("LW_Sidebar")));
     showMenuOf(toggle);
     QVERIFY(!toggle->isChecked());
