@@ -4,7 +4,13 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <atomic>
+
 namespace LWPaths {
+
+namespace {
+std::atomic<bool> userDataTreeReady{true};
+}
 
 bool isSandboxed()
 {
@@ -24,6 +30,16 @@ QString dataRoot()
 QString dataPath(const QString &relative)
 {
     return dataRoot() + QLatin1Char('/') + relative;
+}
+
+QString shippedDataPath(const QString &relative)
+{
+    return userDataTreeReady ? dataPath(relative) : resourcePath(relative);
+}
+
+void setUserDataTreeReady(bool ready)
+{
+    userDataTreeReady = ready;
 }
 
 QString resourceFolder()
