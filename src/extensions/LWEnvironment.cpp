@@ -9,7 +9,6 @@
 #include "extensions/LWTheme.h"
 #include "terminal/LWTerminal.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QtDebug>
@@ -90,14 +89,6 @@ void LWEnvironment::load(DataCopy when, std::function<void()> dataTreeReady)
     } else if (updated) {
         finishDataCopy(copiedBefore, [] {});
     }
-}
-
-void LWEnvironment::waitForDataCopy()
-{
-    if (!dataCopy.valid())
-        return;
-    dataCopy.get();
-    QCoreApplication::sendPostedEvents(&copyFinisher, QEvent::MetaCall);
 }
 
 void LWEnvironment::loadBundles()

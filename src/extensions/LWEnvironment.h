@@ -50,9 +50,6 @@ public:
     // Whether load() found the "Data" tree missing or outdated and began a fresh copy.
     bool wasUpdated() const { return updated; }
 
-    // Waits for a background "Data" copy and its installs (at once when none runs).
-    void waitForDataCopy();
-
     // --- Bundles and lookups
     QList<LWTheme *> themes() const;
     QList<LWSpec *> specs() const;
