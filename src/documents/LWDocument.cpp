@@ -1,7 +1,10 @@
 #include "documents/LWDocument.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellTabBar.h"
 #include "documents/FileManager.h"
 #include "documents/LWDocumentFilterCache.h"
 #include "documents/LWDocumentIcons.h"
@@ -39,7 +42,7 @@ QString defaultSpecForNew()
 
 void sendToEditor(const QString &script)
 {
-    if (LWShell *shell = LWShell::instance())
+    if (ShellPages *shell = ShellRoles::pages())
         shell->sendToEditor(script);
 }
 
@@ -254,7 +257,7 @@ QString LWDocument::getContent()
     if (!QFileInfo(fullPathValue).isFile()) {
         // Pipes and devices would block the window or never end.
         qWarning().noquote() << QStringLiteral("%1 is not a regular file; not read").arg(fullPathValue);
-        if (LWShell *shell = LWShell::instance())
+        if (ShellDialogs *shell = ShellRoles::dialogs())
             shell->showAlert(QStringLiteral("“%1” cannot be opened").arg(labelValue),
                              QStringLiteral("It is not a regular file (a pipe, socket or device)."));
         contentValue = QLatin1String("");
@@ -285,7 +288,7 @@ QString LWDocument::getContent()
 // The file is read only once the user agrees; then the node is shown again.
 void LWDocument::askToOpenLargeFile(qint64 size)
 {
-    LWShell *shell = LWShell::instance();
+    ShellDialogs *shell = ShellRoles::dialogs();
     qInfo("%s is %s; asking before reading it", qPrintable(fullPathValue), qPrintable(LWFileReading::sizeText(size)));
     if (!shell)
         return;
@@ -309,7 +312,7 @@ void LWDocument::tellPreviewIsPartial(qint64 size)
                                 .arg(labelValue, LWFileReading::sizeText(LWFileReading::BinaryPreviewLimit),
                                      LWFileReading::sizeText(size));
     qInfo().noquote() << message;
-    if (LWShell *shell = LWShell::instance())
+    if (ShellDialogs *shell = ShellRoles::dialogs())
         shell->showAlert(QStringLiteral("Only part of “%1” is shown").arg(labelValue), message);
 }
 
@@ -323,7 +326,7 @@ void LWDocument::reloadFromDisk()
 
 bool LWDocument::save()
 {
-    if (LWShell *shell = LWShell::instance())
+    if (ShellPages *shell = ShellRoles::pages())
         updateFromJson(shell->evaluateInEditor(editorStateQuery()));
     return finishSave();
 }
@@ -370,7 +373,7 @@ std::optional<QString> LWDocument::writeContent()
 void LWDocument::reportSaveFailure(const QString &reason) const
 {
     qWarning().noquote() << QStringLiteral("Could not save %1: %2").arg(labelValue, reason);
-    if (LWShell *shell = LWShell::instance())
+    if (ShellDialogs *shell = ShellRoles::dialogs())
         shell->showAlert(QStringLiteral("Could not save \u201c%1\u201d").arg(labelValue),
                          reason + QStringLiteral(" The document keeps its unsaved changes."));
 }
@@ -381,7 +384,7 @@ void LWDocument::renameWithLabel(const QString &label)
 {
     setLabel(label);
     LWDocumentManager *manager = LWDocumentManager::shared();
-    LWShell *shell = LWShell::instance();
+    ShellTabBar *shell = ShellRoles::tabBar();
     if (manager && shell && manager->currentDocument().get() == this)
         shell->setSelectedTabTitle(label);
     if (fullPathValue.isEmpty()) {

@@ -1,6 +1,7 @@
 #include "documents/LWDocumentTree.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellRoles.h"
 #include "documents/FileManager.h"
 
 #include <QtDebug>
@@ -83,7 +84,7 @@ bool LWDocumentTree::refusesDuplicate(const QString &path, bool isFolder) const
 {
     if (isFolder ? !folderAlreadyExists(path) : !fileAlreadyExists(path))
         return false;
-    if (LWShell *shell = LWShell::instance())
+    if (ShellDialogs *shell = ShellRoles::dialogs())
         shell->showAlert(isFolder ? QStringLiteral("This folder has already been imported")
                                   : QStringLiteral("This file has already been imported"),
                          path);

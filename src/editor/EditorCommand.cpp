@@ -1,7 +1,8 @@
 #include "editor/EditorCommand.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
 
 #include <QAction>
 
@@ -9,13 +10,13 @@ namespace EditorCommand {
 
 void send(const QString &script)
 {
-    if (LWShell *shell = LWShell::instance())
+    if (ShellPages *shell = ShellRoles::pages())
         shell->sendToEditor(script);
 }
 
 QString ask(const QString &script)
 {
-    LWShell *shell = LWShell::instance();
+    ShellPages *shell = ShellRoles::pages();
     return shell ? shell->evaluateInEditor(script) : QString();
 }
 

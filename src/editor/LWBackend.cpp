@@ -3,7 +3,10 @@
 #include "editor/PageCall.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellOutline.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellStatusBar.h"
 #include "documents/LWDocumentManager.h"
 
 #include <QClipboard>
@@ -30,7 +33,7 @@ QClipboard *clipboard()
 void LWBackend::currentLocationChanged_(const QString &location)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
+    if (ShellStatusBar *shell = ShellRoles::statusBar())
         shell->setLocationText(location);
 }
 
@@ -39,7 +42,7 @@ void LWBackend::currentDocumentChanged()
     const PageCall call;
     LWDocumentManager *manager = LWDocumentManager::shared();
     const LWDocument::Ptr document = manager ? manager->currentDocument() : nullptr;
-    LWShell *shell = LWShell::instance();
+    ShellPages *shell = ShellRoles::pages();
     if (!shell || !document || !document->saved() || LWDocumentManager::showsAsImage(document))
         return;
     // The page reports changes a frame late, possibly after the editor has
@@ -50,7 +53,7 @@ void LWBackend::currentDocumentChanged()
         if (!manager || manager->currentDocument() != document || !document->saved() || document->isUnchangedIn(state))
             return;
         document->setSaved(false);
-        if (LWShell *shell = LWShell::instance()) {
+        if (ShellOutline *shell = ShellRoles::outline()) {
             shell->reloadOutline();
             shell->selectInOutline(document);
         }
@@ -82,7 +85,7 @@ void LWBackend::jslog_(const QString &message)
 void LWBackend::showStatus_(const QString &text)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellStatusBar *shell = ShellRoles::statusBar()) {
         shell->setStatusMessage(text);
         shell->setStatusSpinnerRunning(true);
     }
@@ -91,7 +94,7 @@ void LWBackend::showStatus_(const QString &text)
 void LWBackend::hideStatus()
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellStatusBar *shell = ShellRoles::statusBar()) {
         shell->setStatusMessage(QString());
         shell->setStatusSpinnerRunning(false);
     }

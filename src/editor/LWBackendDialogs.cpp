@@ -2,7 +2,8 @@
 
 #include "editor/PageCall.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellRoles.h"
 #include "editor/CallbackFormat.h"
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
@@ -29,7 +30,7 @@ void LWBackend::dialogInput_callback_(const QString &title, const QString &callb
 void LWBackend::showInput(const QString &title, const QString &defaultValue, const QString &callback,
                           bool logFilled)
 {
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellDialogs *shell = ShellRoles::dialogs()) {
         shell->showInput(title, defaultValue, [callback, logFilled](const QString &typed) {
             const QString script = CallbackFormat::filled(callback, escapedForJavascript(typed));
             if (logFilled)
@@ -43,7 +44,7 @@ void LWBackend::alertDialogWithTitle_information_callback_(const QString &title,
                                                            const QString &callback)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
+    if (ShellDialogs *shell = ShellRoles::dialogs())
         shell->showAlert(title, information, [callback] { EditorCommand::send(callback); });
 }
 
@@ -60,7 +61,7 @@ void LWBackend::dialogAlert_info_callback_(const QString &title, const QString &
 void LWBackend::alert_info_(const QString &title, const QString &information)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
+    if (ShellDialogs *shell = ShellRoles::dialogs())
         shell->showAlert(title, information);
 }
 
@@ -68,7 +69,7 @@ void LWBackend::confirmDialogWithTitle_information_callback_(const QString &titl
                                                              const QString &callback)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellDialogs *shell = ShellRoles::dialogs()) {
         shell->showConfirmation(title, information, [callback](int answer) {
             EditorCommand::send(CallbackFormat::filled(callback, answer));
         });
@@ -92,7 +93,7 @@ void LWBackend::slider_min_max_val_change_callback_(const QString &title, double
 void LWBackend::showSlider(const QString &title, double minimum, double maximum, double value,
                            const QString &change, const QString &callback)
 {
-    LWShell *shell = LWShell::instance();
+    ShellDialogs *shell = ShellRoles::dialogs();
     if (!shell)
         return;
     std::function<void(double)> moved;

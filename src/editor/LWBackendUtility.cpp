@@ -2,7 +2,8 @@
 
 #include "editor/PageCall.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
 #include "extensions/JSONComments.h"
@@ -28,21 +29,21 @@ QVariantList parsedArray(const QString &json, const char *operation)
 void LWBackend::openUtilityView()
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
+    if (ShellPages *shell = ShellRoles::pages())
         shell->openUtilityView();
 }
 
 void LWBackend::loadUtilityWithHtml_(const QString &html)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
+    if (ShellPages *shell = ShellRoles::pages())
         shell->loadUtilityHTML(html);
 }
 
 void LWBackend::loadUtilityHtml_label_(const QString &html, const QString &label)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellPages *shell = ShellRoles::pages()) {
         shell->loadUtilityHTML(html);
         shell->setUtilityLabel(label);
     }
@@ -51,14 +52,14 @@ void LWBackend::loadUtilityHtml_label_(const QString &html, const QString &label
 void LWBackend::loadUtilityWithHtml_path_(const QString &html, const QString &basePath)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
+    if (ShellPages *shell = ShellRoles::pages())
         shell->loadUtilityHTML(html, basePath);
 }
 
 void LWBackend::loadHtml_label_withBasePath_(const QString &html, const QString &label, const QString &basePath)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellPages *shell = ShellRoles::pages()) {
         shell->setUtilityLabel(label);
         shell->loadUtilityHTML(html, basePath);
     }
@@ -67,14 +68,14 @@ void LWBackend::loadHtml_label_withBasePath_(const QString &html, const QString 
 void LWBackend::loadUtilityWithHtmlFile_(const QString &path)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
+    if (ShellPages *shell = ShellRoles::pages())
         shell->loadUtilityHTMLFile(path, {});
 }
 
 void LWBackend::loadUtility_label_(const QString &pathOrHTML, const QString &label)
 {
     const PageCall call;
-    LWShell *shell = LWShell::instance();
+    ShellPages *shell = ShellRoles::pages();
     if (!shell)
         return;
     if (!QFileInfo(pathOrHTML).isFile()) {
@@ -88,7 +89,7 @@ void LWBackend::loadUtility_label_(const QString &pathOrHTML, const QString &lab
 void LWBackend::loadUtility_label_cookies_(const QString &path, const QString &label, const QString &cookiesJSON)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellPages *shell = ShellRoles::pages()) {
         shell->loadUtilityHTMLFile(path, parsedArray(cookiesJSON, "loadUtility:label:cookies:"));
         shell->setUtilityLabel(label);
     }
@@ -97,7 +98,7 @@ void LWBackend::loadUtility_label_cookies_(const QString &path, const QString &l
 void LWBackend::loadEditorUtility_label_mode_(const QString &content, const QString &label, const QString &mode)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellPages *shell = ShellRoles::pages()) {
         shell->openUtilityView();
         shell->loadUtilityEditor(content, mode);
         shell->setUtilityLabel(label);
@@ -110,7 +111,7 @@ void LWBackend::registerPluginMenu_(const QString &titlesJSON)
     QStringList titles;
     for (const QVariant &title : parsedArray(titlesJSON, "registerPluginMenu:"))
         titles.append(title.toString());
-    if (LWShell *shell = LWShell::instance())
+    if (ShellPages *shell = ShellRoles::pages())
         shell->setUtilityPluginMenu(titles);
 }
 

@@ -1,7 +1,10 @@
 #include "editor/LWDocumentMenuController.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellStatusBar.h"
+#include "app/roles/ShellWindow.h"
 #include "editor/EditorCommand.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/LWSpec.h"
@@ -57,7 +60,7 @@ bool LWDocumentMenuController::validateOverrideItem(QAction *item, const LWDocum
 
 void LWDocumentMenuController::goToLineAction(QAction *)
 {
-    LWShell *shell = LWShell::instance();
+    ShellDialogs *shell = ShellRoles::dialogs();
     if (!shell)
         return;
     shell->showInput(QStringLiteral("Line number"), QStringLiteral("1"), [](const QString &line) {
@@ -118,18 +121,19 @@ void LWDocumentMenuController::foldingUnfoldCurrentAction(QAction *)
 void LWDocumentMenuController::setSpecAction(QAction *sender)
 {
     auto *spec = sender ? qobject_cast<LWSpec *>(sender->data().value<QObject *>()) : nullptr;
-    LWShell *shell = LWShell::instance();
-    if (!spec || !shell) {
+    ShellWindow *window = ShellRoles::window();
+    if (!spec || !window) {
         qWarning("setSpecAction: the menu item carries no language specification");
         return;
     }
-    shell->updatePluginMenusForSpec(spec);
+    window->updatePluginMenusForSpec(spec);
     const LWDocument::Ptr document = currentDocument();
     if (!document)
         return;
     document->setSpecName(spec->name());
     EditorCommand::send(QStringLiteral("lw.setMode('%1');").arg(spec->infoText(QStringLiteral("name"))));
-    shell->setSpecPopupTitle(spec->name());
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar())
+        statusBar->setSpecPopupTitle(spec->name());
 }
 
 void LWDocumentMenuController::setDefaultForCurrentExtension(QAction *sender)

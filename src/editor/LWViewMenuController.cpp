@@ -1,7 +1,9 @@
 #include "editor/LWViewMenuController.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellWindow.h"
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
 #include "extensions/LWTheme.h"
@@ -70,7 +72,7 @@ bool isChecked(const QAction *item)
         return defaults.integerForKey(number.key) == number.value;
     }
     if (name == QLatin1String("toggleUtilityViewAction")) {
-        LWShell *shell = LWShell::instance();
+        ShellPages *shell = ShellRoles::pages();
         return shell && shell->isUtilityViewVisible();
     }
     if (name == QLatin1String("setThemeAction"))
@@ -89,24 +91,24 @@ bool LWViewMenuController::validateMenuItem(QAction *item) const
 
 void LWViewMenuController::toggleSidebarAction(QAction *)
 {
-    flipLayout(QStringLiteral("LW_Sidebar"), &LWShell::setSidebarVisible);
+    flipLayout(QStringLiteral("LW_Sidebar"), &ShellWindow::setSidebarVisible);
 }
 
 void LWViewMenuController::toggleTabsAction(QAction *)
 {
-    flipLayout(QStringLiteral("LW_TabBar"), &LWShell::setTabBarVisible);
+    flipLayout(QStringLiteral("LW_TabBar"), &ShellWindow::setTabBarVisible);
 }
 
 void LWViewMenuController::toggleStatusBarAction(QAction *)
 {
-    flipLayout(QStringLiteral("LW_StatusBar"), &LWShell::setStatusBarVisible);
+    flipLayout(QStringLiteral("LW_StatusBar"), &ShellWindow::setStatusBarVisible);
 }
 
-void LWViewMenuController::flipLayout(const QString &key, void (LWShell::*show)(bool))
+void LWViewMenuController::flipLayout(const QString &key, void (ShellWindow::*show)(bool))
 {
     LWDefaults *defaults = LWDefaults::shared();
     defaults->setBool(key, !defaults->boolForKey(key));
-    if (LWShell *shell = LWShell::instance())
+    if (ShellWindow *shell = ShellRoles::window())
         (shell->*show)(defaults->boolForKey(key));
 }
 
@@ -246,7 +248,7 @@ void LWViewMenuController::setThemeAction(QAction *sender)
 
 void LWViewMenuController::toggleUtilityViewAction(QAction *)
 {
-    LWShell *shell = LWShell::instance();
+    ShellPages *shell = ShellRoles::pages();
     if (!shell)
         return;
     if (!shell->isUtilityViewVisible()) {

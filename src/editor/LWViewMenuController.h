@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QString>
 
-class LWShell;
+class ShellWindow;
 class QAction;
 
 // The View menu's editor settings: panel, gutter, margins, guides, invisible
@@ -65,5 +65,5 @@ public slots:
 
 private:
     void zoomBy(int steps);
-    static void flipLayout(const QString &key, void (LWShell::*show)(bool));
+    static void flipLayout(const QString &key, void (ShellWindow::*show)(bool));
 };

@@ -1,7 +1,8 @@
 #include "extensions/LWEnvironment.h"
 
 #include "app/LWPaths.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellWindow.h"
+#include "app/roles/ShellRoles.h"
 #include "documents/FileManager.h"
 #include "extensions/LWDataRoot.h"
 #include "extensions/LWPlugin.h"
@@ -156,7 +157,7 @@ void LWEnvironment::addUserPluginFromPath(const QString &path)
 {
     copyIntoUserFolder(path, QStringLiteral("User/Plugins"));
     pluginList.emplace_back(LWPlugin::pluginFromPath(path));
-    if (LWShell *shell = LWShell::instance())
+    if (ShellWindow *shell = ShellRoles::window())
         shell->updatePluginMenusForSpec(menuSpec);
 }
 
@@ -165,7 +166,7 @@ void LWEnvironment::addUserThemeFromPath(const QString &path)
     copyIntoUserFolder(path, QStringLiteral("User/Themes"));
     themeList.emplace_back(LWTheme::themeFromPath(path));
     themeList.back()->install();
-    if (LWShell *shell = LWShell::instance())
+    if (ShellWindow *shell = ShellRoles::window())
         shell->updateThemesMenu();
 }
 

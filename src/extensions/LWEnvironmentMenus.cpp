@@ -3,7 +3,8 @@
 #include "extensions/LWEnvironment.h"
 
 #include "app/LWPaths.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellWindow.h"
+#include "app/roles/ShellRoles.h"
 #include "extensions/LWMenuItems.h"
 #include "extensions/LWPlugin.h"
 #include "extensions/LWSpec.h"
@@ -111,7 +112,7 @@ QVariant LWEnvironment::pluginsArrayForSpec(LWSpec *spec, const QString &selecto
 {
     if (!spec || spec->ignore())
         return {};
-    LWShell *shell = LWShell::instance();
+    ShellWindow *shell = ShellRoles::window();
     if (shell)
         shell->setRunButtonVisible(false);
     boundRunPlugin = nullptr;

@@ -1,6 +1,7 @@
 #include "terminal/LWTerm.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellStatusBar.h"
+#include "app/roles/ShellRoles.h"
 #include "documents/LWDocumentManager.h"
 #include "extensions/LWEnvironment.h"
 #include "terminal/ChildEnvironment.h"
@@ -15,7 +16,7 @@ const QString shellProgram = QStringLiteral("/usr/bin/env");
 
 void showBusy(bool busy)
 {
-    LWShell *shell = LWShell::instance();
+    ShellStatusBar *shell = ShellRoles::statusBar();
     if (!shell)
         return;
     shell->setStatusMessage(busy ? QStringLiteral("Running...") : QString());

@@ -1,6 +1,7 @@
 #include "terminal/LWTerminalSession.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
 #include "editor/JavaScriptEscape.h"
 #include "extensions/JSONComments.h"
 #include "extensions/LWEnvironment.h"
@@ -24,7 +25,7 @@ QString filledCallback(const QString &format, const QString &text)
 
 void sendToEditor(const QString &script)
 {
-    if (LWShell *shell = LWShell::instance())
+    if (ShellPages *shell = ShellRoles::pages())
         shell->sendToEditor(script);
 }
 
@@ -34,7 +35,7 @@ void sendToEditor(const QString &script)
 OutputCoalescer::Deliver pageDelivery(const QString &actionFormat)
 {
     return [actionFormat](const QString &batch, const std::function<void()> &delivered) {
-        LWShell *shell = LWShell::instance();
+        ShellPages *shell = ShellRoles::pages();
         if (!shell || actionFormat.isEmpty()) {
             delivered();
             return;

@@ -2,6 +2,7 @@
 
 #include "app/LWDefaults.h"
 #include "app/LWDefaultsController.h"
+#include "app/roles/ShellRoles.h"
 #include "app/ui/LWFileOutlineController.h"
 #include "app/ui/LWFileOutlineMenuController.h"
 #include "app/ui/LWMainWindow.h"
@@ -55,7 +56,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     utilityPage = std::make_unique<LWUtilityWebViewController>(bridge.get(), nullptr);
     remoteTransfers = std::make_unique<RemoteFolderTransfers>(this, this, this);
     buildWindow();
-    LWShell::setInstance(this);
+    ShellRoles::installAll(this);
     connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &LWAppDelegate::shutDown);
     openFiles(paths);
@@ -68,8 +69,8 @@ LWAppDelegate::~LWAppDelegate()
     mainWindow.reset();
     LWDocumentManager::setShared(nullptr);
     LWEnvironment::setShared(nullptr);
-    if (LWShell::instance() == this)
-        LWShell::setInstance(nullptr);
+    if (ShellRoles::pages() == this)
+        ShellRoles::install({});
 }
 
 RemoteFolderActions *LWAppDelegate::remoteFolderActions() const

@@ -1,7 +1,8 @@
 #include "extensions/ui/LWPluginsMenuController.h"
 
 #include "app/LWPaths.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellRoles.h"
 #include "documents/FileManager.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/LWPlugin.h"
@@ -46,7 +47,7 @@ void LWPluginsMenuController::installBundle(const QString &type, void (LWEnviron
     if (path.isEmpty())
         return;
     (environment->*add)(path);
-    if (LWShell *shell = LWShell::instance())
+    if (ShellDialogs *shell = ShellRoles::dialogs())
         shell->showAlert(message, LWPaths::dataPath(userFolder));
 }
 
