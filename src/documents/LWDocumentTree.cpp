@@ -84,8 +84,8 @@ bool LWDocumentTree::refusesDuplicate(const QString &path, bool isFolder) const
 {
     if (isFolder ? !folderAlreadyExists(path) : !fileAlreadyExists(path))
         return false;
-    if (ShellDialogs *shell = ShellRoles::dialogs())
-        shell->showAlert(isFolder ? QStringLiteral("This folder has already been imported")
+    if (ShellDialogs *dialogs = ShellRoles::dialogs())
+        dialogs->showAlert(isFolder ? QStringLiteral("This folder has already been imported")
                                   : QStringLiteral("This file has already been imported"),
                          path);
     return true;

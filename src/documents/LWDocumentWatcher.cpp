@@ -70,13 +70,13 @@ void LWDocumentWatcher::examine(const LWDocument::Ptr &document)
 
 void LWDocumentWatcher::askKeepOrLoad(const LWDocument::Ptr &document)
 {
-    ShellDialogs *shell = ShellRoles::dialogs();
-    if (!shell)
+    ShellDialogs *dialogs = ShellRoles::dialogs();
+    if (!dialogs)
         return;
     const LWDiskStamp seen = LWDiskStamp::of(document->fullPath());
     const std::weak_ptr<LWDocument> weak = document;
     const QPointer<LWDocumentWatcher> self(this);
-    shell->showChoice(QStringLiteral("“%1” changed on disk").arg(document->label()),
+    dialogs->showChoice(QStringLiteral("“%1” changed on disk").arg(document->label()),
                       QStringLiteral("Another program changed the file while it has unsaved changes here. "
                                      "Keep your version, or load the file and lose your changes?"),
                       QStringLiteral("Keep Mine"), QStringLiteral("Load Theirs"), [self, weak, seen](int keepMine) {

@@ -10,14 +10,14 @@ namespace EditorCommand {
 
 void send(const QString &script)
 {
-    if (ShellPages *shell = ShellRoles::pages())
-        shell->sendToEditor(script);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->sendToEditor(script);
 }
 
 QString ask(const QString &script)
 {
-    ShellPages *shell = ShellRoles::pages();
-    return shell ? shell->evaluateInEditor(script) : QString();
+    ShellPages *pages = ShellRoles::pages();
+    return pages ? pages->evaluateInEditor(script) : QString();
 }
 
 QString booleanCall(const QString &function, bool value)

@@ -33,8 +33,8 @@ QClipboard *clipboard()
 void LWBackend::currentLocationChanged_(const QString &location)
 {
     const PageCall call;
-    if (ShellStatusBar *shell = ShellRoles::statusBar())
-        shell->setLocationText(location);
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar())
+        statusBar->setLocationText(location);
 }
 
 void LWBackend::currentDocumentChanged()
@@ -42,20 +42,20 @@ void LWBackend::currentDocumentChanged()
     const PageCall call;
     LWDocumentManager *manager = LWDocumentManager::shared();
     const LWDocument::Ptr document = manager ? manager->currentDocument() : nullptr;
-    ShellPages *shell = ShellRoles::pages();
-    if (!shell || !document || !document->saved() || LWDocumentManager::showsAsImage(document))
+    ShellPages *pages = ShellRoles::pages();
+    if (!pages || !document || !document->saved() || LWDocumentManager::showsAsImage(document))
         return;
     // The page reports changes a frame late, possibly after the editor has
     // moved on to another document: only a text that is no longer the one
     // the current document gave the editor marks that document unsaved.
-    shell->evaluateInEditor(document->editorStateQuery(), [document](const QString &state) {
+    pages->evaluateInEditor(document->editorStateQuery(), [document](const QString &state) {
         LWDocumentManager *manager = LWDocumentManager::shared();
         if (!manager || manager->currentDocument() != document || !document->saved() || document->isUnchangedIn(state))
             return;
         document->setSaved(false);
-        if (ShellOutline *shell = ShellRoles::outline()) {
-            shell->reloadOutline();
-            shell->selectInOutline(document);
+        if (ShellOutline *outline = ShellRoles::outline()) {
+            outline->reloadOutline();
+            outline->selectInOutline(document);
         }
     });
 }
@@ -85,18 +85,18 @@ void LWBackend::jslog_(const QString &message)
 void LWBackend::showStatus_(const QString &text)
 {
     const PageCall call;
-    if (ShellStatusBar *shell = ShellRoles::statusBar()) {
-        shell->setStatusMessage(text);
-        shell->setStatusSpinnerRunning(true);
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
+        statusBar->setStatusMessage(text);
+        statusBar->setStatusSpinnerRunning(true);
     }
 }
 
 void LWBackend::hideStatus()
 {
     const PageCall call;
-    if (ShellStatusBar *shell = ShellRoles::statusBar()) {
-        shell->setStatusMessage(QString());
-        shell->setStatusSpinnerRunning(false);
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
+        statusBar->setStatusMessage(QString());
+        statusBar->setStatusSpinnerRunning(false);
     }
 }
 

@@ -102,8 +102,8 @@ void LWBackend::document_write_(const QString &path, const QString &text)
 void LWBackend::reloadOutlineLater()
 {
     QMetaObject::invokeMethod(this, [] {
-        if (ShellOutline *shell = ShellRoles::outline())
-            shell->reloadOutline();
+        if (ShellOutline *outline = ShellRoles::outline())
+            outline->reloadOutline();
     }, Qt::QueuedConnection);
 }
 

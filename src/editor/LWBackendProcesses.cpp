@@ -40,9 +40,9 @@ QVariantMap parsedEnvironment(const QString &json)
 
 void setRunning(bool running)
 {
-    if (ShellStatusBar *shell = ShellRoles::statusBar()) {
-        shell->setStatusMessage(running ? QStringLiteral("Running...") : QString());
-        shell->setStatusSpinnerRunning(running);
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
+        statusBar->setStatusMessage(running ? QStringLiteral("Running...") : QString());
+        statusBar->setStatusSpinnerRunning(running);
     }
 }
 

@@ -29,79 +29,79 @@ QVariantList parsedArray(const QString &json, const char *operation)
 void LWBackend::openUtilityView()
 {
     const PageCall call;
-    if (ShellPages *shell = ShellRoles::pages())
-        shell->openUtilityView();
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->openUtilityView();
 }
 
 void LWBackend::loadUtilityWithHtml_(const QString &html)
 {
     const PageCall call;
-    if (ShellPages *shell = ShellRoles::pages())
-        shell->loadUtilityHTML(html);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->loadUtilityHTML(html);
 }
 
 void LWBackend::loadUtilityHtml_label_(const QString &html, const QString &label)
 {
     const PageCall call;
-    if (ShellPages *shell = ShellRoles::pages()) {
-        shell->loadUtilityHTML(html);
-        shell->setUtilityLabel(label);
+    if (ShellPages *pages = ShellRoles::pages()) {
+        pages->loadUtilityHTML(html);
+        pages->setUtilityLabel(label);
     }
 }
 
 void LWBackend::loadUtilityWithHtml_path_(const QString &html, const QString &basePath)
 {
     const PageCall call;
-    if (ShellPages *shell = ShellRoles::pages())
-        shell->loadUtilityHTML(html, basePath);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->loadUtilityHTML(html, basePath);
 }
 
 void LWBackend::loadHtml_label_withBasePath_(const QString &html, const QString &label, const QString &basePath)
 {
     const PageCall call;
-    if (ShellPages *shell = ShellRoles::pages()) {
-        shell->setUtilityLabel(label);
-        shell->loadUtilityHTML(html, basePath);
+    if (ShellPages *pages = ShellRoles::pages()) {
+        pages->setUtilityLabel(label);
+        pages->loadUtilityHTML(html, basePath);
     }
 }
 
 void LWBackend::loadUtilityWithHtmlFile_(const QString &path)
 {
     const PageCall call;
-    if (ShellPages *shell = ShellRoles::pages())
-        shell->loadUtilityHTMLFile(path, {});
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->loadUtilityHTMLFile(path, {});
 }
 
 void LWBackend::loadUtility_label_(const QString &pathOrHTML, const QString &label)
 {
     const PageCall call;
-    ShellPages *shell = ShellRoles::pages();
-    if (!shell)
+    ShellPages *pages = ShellRoles::pages();
+    if (!pages)
         return;
     if (!QFileInfo(pathOrHTML).isFile()) {
         loadUtilityHtml_label_(pathOrHTML, label);
         return;
     }
-    shell->loadUtilityHTMLFile(pathOrHTML, {});
-    shell->setUtilityLabel(label);
+    pages->loadUtilityHTMLFile(pathOrHTML, {});
+    pages->setUtilityLabel(label);
 }
 
 void LWBackend::loadUtility_label_cookies_(const QString &path, const QString &label, const QString &cookiesJSON)
 {
     const PageCall call;
-    if (ShellPages *shell = ShellRoles::pages()) {
-        shell->loadUtilityHTMLFile(path, parsedArray(cookiesJSON, "loadUtility:label:cookies:"));
-        shell->setUtilityLabel(label);
+    if (ShellPages *pages = ShellRoles::pages()) {
+        pages->loadUtilityHTMLFile(path, parsedArray(cookiesJSON, "loadUtility:label:cookies:"));
+        pages->setUtilityLabel(label);
     }
 }
 
 void LWBackend::loadEditorUtility_label_mode_(const QString &content, const QString &label, const QString &mode)
 {
     const PageCall call;
-    if (ShellPages *shell = ShellRoles::pages()) {
-        shell->openUtilityView();
-        shell->loadUtilityEditor(content, mode);
-        shell->setUtilityLabel(label);
+    if (ShellPages *pages = ShellRoles::pages()) {
+        pages->openUtilityView();
+        pages->loadUtilityEditor(content, mode);
+        pages->setUtilityLabel(label);
     }
 }
 
@@ -111,8 +111,8 @@ void LWBackend::registerPluginMenu_(const QString &titlesJSON)
     QStringList titles;
     for (const QVariant &title : parsedArray(titlesJSON, "registerPluginMenu:"))
         titles.append(title.toString());
-    if (ShellPages *shell = ShellRoles::pages())
-        shell->setUtilityPluginMenu(titles);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->setUtilityPluginMenu(titles);
 }
 
 void LWBackend::utilityViewMenuItemClicked_(const QString &title)

@@ -60,10 +60,10 @@ bool LWDocumentMenuController::validateOverrideItem(QAction *item, const LWDocum
 
 void LWDocumentMenuController::goToLineAction(QAction *)
 {
-    ShellDialogs *shell = ShellRoles::dialogs();
-    if (!shell)
+    ShellDialogs *dialogs = ShellRoles::dialogs();
+    if (!dialogs)
         return;
-    shell->showInput(QStringLiteral("Line number"), QStringLiteral("1"), [](const QString &line) {
+    dialogs->showInput(QStringLiteral("Line number"), QStringLiteral("1"), [](const QString &line) {
         EditorCommand::send(QStringLiteral("lw.goToLine(%1);").arg(line));
     });
 }

@@ -72,8 +72,8 @@ bool isChecked(const QAction *item)
         return defaults.integerForKey(number.key) == number.value;
     }
     if (name == QLatin1String("toggleUtilityViewAction")) {
-        ShellPages *shell = ShellRoles::pages();
-        return shell && shell->isUtilityViewVisible();
+        ShellPages *pages = ShellRoles::pages();
+        return pages && pages->isUtilityViewVisible();
     }
     if (name == QLatin1String("setThemeAction"))
         return item->text() == defaults.stringForKey(themeKey);
@@ -108,8 +108,8 @@ void LWViewMenuController::flipLayout(const QString &key, void (ShellWindow::*sh
 {
     LWDefaults *defaults = LWDefaults::shared();
     defaults->setBool(key, !defaults->boolForKey(key));
-    if (ShellWindow *shell = ShellRoles::window())
-        (shell->*show)(defaults->boolForKey(key));
+    if (ShellWindow *window = ShellRoles::window())
+        (window->*show)(defaults->boolForKey(key));
 }
 
 void LWViewMenuController::togglePanelAction(QAction *)
@@ -248,14 +248,14 @@ void LWViewMenuController::setThemeAction(QAction *sender)
 
 void LWViewMenuController::toggleUtilityViewAction(QAction *)
 {
-    ShellPages *shell = ShellRoles::pages();
-    if (!shell)
+    ShellPages *pages = ShellRoles::pages();
+    if (!pages)
         return;
-    if (!shell->isUtilityViewVisible()) {
-        shell->openUtilityView();
+    if (!pages->isUtilityViewVisible()) {
+        pages->openUtilityView();
         return;
     }
-    shell->closeUtilityView();
+    pages->closeUtilityView();
     EditorCommand::send(QStringLiteral("$Core.haltPlugin()"));
 }
 

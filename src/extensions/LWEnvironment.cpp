@@ -157,8 +157,8 @@ void LWEnvironment::addUserPluginFromPath(const QString &path)
 {
     copyIntoUserFolder(path, QStringLiteral("User/Plugins"));
     pluginList.emplace_back(LWPlugin::pluginFromPath(path));
-    if (ShellWindow *shell = ShellRoles::window())
-        shell->updatePluginMenusForSpec(menuSpec);
+    if (ShellWindow *window = ShellRoles::window())
+        window->updatePluginMenusForSpec(menuSpec);
 }
 
 void LWEnvironment::addUserThemeFromPath(const QString &path)
@@ -166,8 +166,8 @@ void LWEnvironment::addUserThemeFromPath(const QString &path)
     copyIntoUserFolder(path, QStringLiteral("User/Themes"));
     themeList.emplace_back(LWTheme::themeFromPath(path));
     themeList.back()->install();
-    if (ShellWindow *shell = ShellRoles::window())
-        shell->updateThemesMenu();
+    if (ShellWindow *window = ShellRoles::window())
+        window->updateThemesMenu();
 }
 
 QString LWEnvironment::envPath() const

@@ -16,11 +16,11 @@ const QString shellProgram = QStringLiteral("/usr/bin/env");
 
 void showBusy(bool busy)
 {
-    ShellStatusBar *shell = ShellRoles::statusBar();
-    if (!shell)
+    ShellStatusBar *statusBar = ShellRoles::statusBar();
+    if (!statusBar)
         return;
-    shell->setStatusMessage(busy ? QStringLiteral("Running...") : QString());
-    shell->setStatusSpinnerRunning(busy);
+    statusBar->setStatusMessage(busy ? QStringLiteral("Running...") : QString());
+    statusBar->setStatusSpinnerRunning(busy);
 }
 
 // The folder the previous command ended in, else the workspace's.

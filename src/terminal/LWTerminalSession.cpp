@@ -25,8 +25,8 @@ QString filledCallback(const QString &format, const QString &text)
 
 void sendToEditor(const QString &script)
 {
-    if (ShellPages *shell = ShellRoles::pages())
-        shell->sendToEditor(script);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->sendToEditor(script);
 }
 
 // Sends a batch of output to the page through the action script and
@@ -35,12 +35,12 @@ void sendToEditor(const QString &script)
 OutputCoalescer::Deliver pageDelivery(const QString &actionFormat)
 {
     return [actionFormat](const QString &batch, const std::function<void()> &delivered) {
-        ShellPages *shell = ShellRoles::pages();
-        if (!shell || actionFormat.isEmpty()) {
+        ShellPages *pages = ShellRoles::pages();
+        if (!pages || actionFormat.isEmpty()) {
             delivered();
             return;
         }
-        shell->evaluateInEditor(filledCallback(actionFormat, batch), [delivered](const QString &) { delivered(); });
+        pages->evaluateInEditor(filledCallback(actionFormat, batch), [delivered](const QString &) { delivered(); });
     };
 }
 

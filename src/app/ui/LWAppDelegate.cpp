@@ -62,15 +62,17 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     openFiles(paths);
 }
 
+// The roles are withdrawn first: page answers still arriving while the
+// window is torn down must not reach it.
 LWAppDelegate::~LWAppDelegate()
 {
+    if (ShellRoles::pages() == this)
+        ShellRoles::install({});
     uiController.reset();
     searchCommands.reset();
     mainWindow.reset();
     LWDocumentManager::setShared(nullptr);
     LWEnvironment::setShared(nullptr);
-    if (ShellRoles::pages() == this)
-        ShellRoles::install({});
 }
 
 RemoteFolderActions *LWAppDelegate::remoteFolderActions() const

@@ -47,8 +47,8 @@ void LWPluginsMenuController::installBundle(const QString &type, void (LWEnviron
     if (path.isEmpty())
         return;
     (environment->*add)(path);
-    if (ShellDialogs *shell = ShellRoles::dialogs())
-        shell->showAlert(message, LWPaths::dataPath(userFolder));
+    if (ShellDialogs *dialogs = ShellRoles::dialogs())
+        dialogs->showAlert(message, LWPaths::dataPath(userFolder));
 }
 
 void LWPluginsMenuController::installNewPluginAction()
