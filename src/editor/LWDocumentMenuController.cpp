@@ -2,7 +2,6 @@
 
 #include "app/LWDefaults.h"
 #include "app/roles/ShellDialogs.h"
-#include "app/roles/ShellRoles.h"
 #include "app/roles/ShellStatusBar.h"
 #include "app/roles/ShellWindow.h"
 #include "editor/EditorCommand.h"
@@ -28,8 +27,8 @@ bool isOverridden(const QVariantMap &userExtensions, const QString &extension, c
 
 }
 
-LWDocumentMenuController::LWDocumentMenuController(CurrentDocument currentDocument, QObject *parent)
-    : QObject(parent), currentDocument(std::move(currentDocument))
+LWDocumentMenuController::LWDocumentMenuController(CurrentDocument currentDocument, Roles roles, QObject *parent)
+    : QObject(parent), currentDocument(std::move(currentDocument)), roles(roles)
 {
 }
 
@@ -60,10 +59,7 @@ bool LWDocumentMenuController::validateOverrideItem(QAction *item, const LWDocum
 
 void LWDocumentMenuController::goToLineAction(QAction *)
 {
-    ShellDialogs *dialogs = ShellRoles::dialogs();
-    if (!dialogs)
-        return;
-    dialogs->showInput(QStringLiteral("Line number"), QStringLiteral("1"), [](const QString &line) {
+    roles.dialogs.showInput(QStringLiteral("Line number"), QStringLiteral("1"), [](const QString &line) {
         EditorCommand::send(QStringLiteral("lw.goToLine(%1);").arg(line));
     });
 }
@@ -121,19 +117,17 @@ void LWDocumentMenuController::foldingUnfoldCurrentAction(QAction *)
 void LWDocumentMenuController::setSpecAction(QAction *sender)
 {
     auto *spec = sender ? qobject_cast<LWSpec *>(sender->data().value<QObject *>()) : nullptr;
-    ShellWindow *window = ShellRoles::window();
-    if (!spec || !window) {
+    if (!spec) {
         qWarning("setSpecAction: the menu item carries no language specification");
         return;
     }
-    window->updatePluginMenusForSpec(spec);
+    roles.window.updatePluginMenusForSpec(spec);
     const LWDocument::Ptr document = currentDocument();
     if (!document)
         return;
     document->setSpecName(spec->name());
     EditorCommand::send(QStringLiteral("lw.setMode('%1');").arg(spec->infoText(QStringLiteral("name"))));
-    if (ShellStatusBar *statusBar = ShellRoles::statusBar())
-        statusBar->setSpecPopupTitle(spec->name());
+    roles.statusBar.setSpecPopupTitle(spec->name());
 }
 
 void LWDocumentMenuController::setDefaultForCurrentExtension(QAction *sender)

@@ -2,7 +2,6 @@
 
 #include "app/LWDefaults.h"
 #include "app/roles/ShellPages.h"
-#include "app/roles/ShellRoles.h"
 #include "app/roles/ShellWindow.h"
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
@@ -61,7 +60,7 @@ const QHash<QString, NumberItem> &numberItems()
     return items;
 }
 
-bool isChecked(const QAction *item)
+bool isChecked(const QAction *item, ShellPages &pages)
 {
     const LWDefaults &defaults = *LWDefaults::shared();
     const QString name = EditorCommand::actionName(item);
@@ -72,8 +71,7 @@ bool isChecked(const QAction *item)
         return defaults.integerForKey(number.key) == number.value;
     }
     if (name == QLatin1String("toggleUtilityViewAction")) {
-        ShellPages *pages = ShellRoles::pages();
-        return pages && pages->isUtilityViewVisible();
+        return pages.isUtilityViewVisible();
     }
     if (name == QLatin1String("setThemeAction"))
         return item->text() == defaults.stringForKey(themeKey);
@@ -82,10 +80,16 @@ bool isChecked(const QAction *item)
 
 }
 
+LWViewMenuController::LWViewMenuController(ShellPages &pages, ShellWindow &window)
+    : pages(pages),
+      window(window)
+{
+}
+
 bool LWViewMenuController::validateMenuItem(QAction *item) const
 {
     if (item && item->isCheckable())
-        item->setChecked(isChecked(item));
+        item->setChecked(isChecked(item, pages));
     return true;
 }
 
@@ -108,8 +112,7 @@ void LWViewMenuController::flipLayout(const QString &key, void (ShellWindow::*sh
 {
     LWDefaults *defaults = LWDefaults::shared();
     defaults->setBool(key, !defaults->boolForKey(key));
-    if (ShellWindow *window = ShellRoles::window())
-        (window->*show)(defaults->boolForKey(key));
+    (window.*show)(defaults->boolForKey(key));
 }
 
 void LWViewMenuController::togglePanelAction(QAction *)
@@ -248,14 +251,11 @@ void LWViewMenuController::setThemeAction(QAction *sender)
 
 void LWViewMenuController::toggleUtilityViewAction(QAction *)
 {
-    ShellPages *pages = ShellRoles::pages();
-    if (!pages)
-        return;
-    if (!pages->isUtilityViewVisible()) {
-        pages->openUtilityView();
+    if (!pages.isUtilityViewVisible()) {
+        pages.openUtilityView();
         return;
     }
-    pages->closeUtilityView();
+    pages.closeUtilityView();
     EditorCommand::send(QStringLiteral("$Core.haltPlugin()"));
 }
 

@@ -49,8 +49,9 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     environment->load();
     LWDocumentManager::setShared(documents.get());
     editMenu = std::make_unique<LWEditMenuController>();
-    documentMenu = std::make_unique<LWDocumentMenuController>([this] { return documents->currentDocument(); });
-    viewMenu = std::make_unique<LWViewMenuController>();
+    documentMenu = std::make_unique<LWDocumentMenuController>([this] { return documents->currentDocument(); },
+                                                              LWDocumentMenuController::Roles{*this, *this, *this});
+    viewMenu = std::make_unique<LWViewMenuController>(*this, *this);
     findMenu = std::make_unique<LWFindMenuController>();
     editorPage = std::make_unique<LWWebViewController>(bridge.get(), nullptr);
     utilityPage = std::make_unique<LWUtilityWebViewController>(bridge.get(), nullptr);
