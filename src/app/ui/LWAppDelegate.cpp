@@ -84,7 +84,7 @@ RemoteFolderActions *LWAppDelegate::remoteFolderActions() const
 void LWAppDelegate::buildWindow()
 {
     mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
-    pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get());
+    pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get(), *this);
     uiController = std::make_unique<LWUIController>(
         mainWindow.get(), environment.get(), this,
         LWUIController::MenuControllers{[this]() -> LWFileMenuController & { return *fileMenu; }, editMenu.get(),

@@ -2,7 +2,6 @@
 
 #include "app/LWPaths.h"
 #include "app/roles/ShellDialogs.h"
-#include "app/roles/ShellRoles.h"
 #include "documents/FileManager.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/LWPlugin.h"
@@ -10,8 +9,9 @@
 #include <QAction>
 #include <QFileDialog>
 
-LWPluginsMenuController::LWPluginsMenuController(LWEnvironment *environment, QWidget *window, QObject *parent)
-    : QObject(parent), environment(environment), window(window)
+LWPluginsMenuController::LWPluginsMenuController(LWEnvironment *environment, QWidget *window, ShellDialogs &dialogs,
+                                                 QObject *parent)
+    : QObject(parent), environment(environment), window(window), dialogs(dialogs)
 {
 }
 
@@ -47,8 +47,7 @@ void LWPluginsMenuController::installBundle(const QString &type, void (LWEnviron
     if (path.isEmpty())
         return;
     (environment->*add)(path);
-    if (ShellDialogs *dialogs = ShellRoles::dialogs())
-        dialogs->showAlert(message, LWPaths::dataPath(userFolder));
+    dialogs.showAlert(message, LWPaths::dataPath(userFolder));
 }
 
 void LWPluginsMenuController::installNewPluginAction()
