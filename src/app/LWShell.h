@@ -9,10 +9,9 @@
 
 // The window side of the application as the core library sees it, made of
 // small roles: the pages, the status bar, dialogs, the outline, the tab bar
-// and the window frame. New code takes only the role it needs, handed in by
-// its owner; instance() remains for code that has not been given its roles.
-// The UI library implements every role; tests of the core library install a
-// recording double of the role under test.
+// and the window frame. Code takes only the role it needs, handed in by its
+// owner or, where no owner can, from ShellRoles. The UI library implements
+// every role; tests of the core library install a recording double.
 class LWShell : public ShellPages,
                 public ShellStatusBar,
                 public ShellDialogs,
@@ -22,9 +21,4 @@ class LWShell : public ShellPages,
 {
 public:
     ~LWShell() override = default;
-
-    // The shell in use, or nullptr before one is installed (callers then skip
-    // interface work rather than fail).
-    static LWShell *instance();
-    static void setInstance(LWShell *shell);
 };

@@ -1,7 +1,10 @@
 #include "documents/LWDocument.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellTabBar.h"
 #include "documents/FileManager.h"
 #include "documents/LWDocumentFilterCache.h"
 #include "documents/LWDocumentIcons.h"
@@ -39,8 +42,8 @@ QString defaultSpecForNew()
 
 void sendToEditor(const QString &script)
 {
-    if (LWShell *shell = LWShell::instance())
-        shell->sendToEditor(script);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->sendToEditor(script);
 }
 
 }
@@ -254,8 +257,8 @@ QString LWDocument::getContent()
     if (!QFileInfo(fullPathValue).isFile()) {
         // Pipes and devices would block the window or never end.
         qWarning().noquote() << QStringLiteral("%1 is not a regular file; not read").arg(fullPathValue);
-        if (LWShell *shell = LWShell::instance())
-            shell->showAlert(QStringLiteral("“%1” cannot be opened").arg(labelValue),
+        if (ShellDialogs *dialogs = ShellRoles::dialogs())
+            dialogs->showAlert(QStringLiteral("“%1” cannot be opened").arg(labelValue),
                              QStringLiteral("It is not a regular file (a pipe, socket or device)."));
         contentValue = QLatin1String("");
         isReadOnly = true;
@@ -285,12 +288,12 @@ QString LWDocument::getContent()
 // The file is read only once the user agrees; then the node is shown again.
 void LWDocument::askToOpenLargeFile(qint64 size)
 {
-    LWShell *shell = LWShell::instance();
+    ShellDialogs *dialogs = ShellRoles::dialogs();
     qInfo("%s is %s; asking before reading it", qPrintable(fullPathValue), qPrintable(LWFileReading::sizeText(size)));
-    if (!shell)
+    if (!dialogs)
         return;
     const std::weak_ptr<LWDocument> weak = weak_from_this();
-    shell->showChoice(QStringLiteral("“%1” is a large file").arg(labelValue),
+    dialogs->showChoice(QStringLiteral("“%1” is a large file").arg(labelValue),
                       QStringLiteral("It is %1. Reading it may take a while and much memory.")
                           .arg(LWFileReading::sizeText(size)),
                       QStringLiteral("Open Anyway"), QStringLiteral("Cancel"), [weak](int answer) {
@@ -309,8 +312,8 @@ void LWDocument::tellPreviewIsPartial(qint64 size)
                                 .arg(labelValue, LWFileReading::sizeText(LWFileReading::BinaryPreviewLimit),
                                      LWFileReading::sizeText(size));
     qInfo().noquote() << message;
-    if (LWShell *shell = LWShell::instance())
-        shell->showAlert(QStringLiteral("Only part of “%1” is shown").arg(labelValue), message);
+    if (ShellDialogs *dialogs = ShellRoles::dialogs())
+        dialogs->showAlert(QStringLiteral("Only part of “%1” is shown").arg(labelValue), message);
 }
 
 void LWDocument::reloadFromDisk()
@@ -323,8 +326,8 @@ void LWDocument::reloadFromDisk()
 
 bool LWDocument::save()
 {
-    if (LWShell *shell = LWShell::instance())
-        updateFromJson(shell->evaluateInEditor(editorStateQuery()));
+    if (ShellPages *pages = ShellRoles::pages())
+        updateFromJson(pages->evaluateInEditor(editorStateQuery()));
     return finishSave();
 }
 
@@ -370,8 +373,8 @@ std::optional<QString> LWDocument::writeContent()
 void LWDocument::reportSaveFailure(const QString &reason) const
 {
     qWarning().noquote() << QStringLiteral("Could not save %1: %2").arg(labelValue, reason);
-    if (LWShell *shell = LWShell::instance())
-        shell->showAlert(QStringLiteral("Could not save \u201c%1\u201d").arg(labelValue),
+    if (ShellDialogs *dialogs = ShellRoles::dialogs())
+        dialogs->showAlert(QStringLiteral("Could not save \u201c%1\u201d").arg(labelValue),
                          reason + QStringLiteral(" The document keeps its unsaved changes."));
 }
 
@@ -381,9 +384,9 @@ void LWDocument::renameWithLabel(const QString &label)
 {
     setLabel(label);
     LWDocumentManager *manager = LWDocumentManager::shared();
-    LWShell *shell = LWShell::instance();
-    if (manager && shell && manager->currentDocument().get() == this)
-        shell->setSelectedTabTitle(label);
+    ShellTabBar *tabBar = ShellRoles::tabBar();
+    if (manager && tabBar && manager->currentDocument().get() == this)
+        tabBar->setSelectedTabTitle(label);
     if (fullPathValue.isEmpty()) {
         updateSpecFromPath(label);
     } else {

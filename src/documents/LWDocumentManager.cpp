@@ -1,7 +1,12 @@
 #include "documents/LWDocumentManager.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellOutline.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellStatusBar.h"
+#include "app/roles/ShellTabBar.h"
+#include "app/roles/ShellWindow.h"
 #include "documents/LWDocumentWatcher.h"
 #include "documents/LWImagePreview.h"
 #include "documents/LWSpecChooser.h"
@@ -42,16 +47,15 @@ std::unique_ptr<LWDocumentManager> LWDocumentManager::newWithUntitled()
     auto manager = std::make_unique<LWDocumentManager>();
     LWDocument::Ptr untitled = LWDocument::emptyFile();
     manager->tree.addDocumentToFilesGroup(untitled);
-    LWShell *shell = LWShell::instance();
-    if (shell) {
-        shell->addTabWithDocument(untitled);
-        shell->setDocumentToSelect(untitled);
-    }
+    if (ShellTabBar *tabBar = ShellRoles::tabBar())
+        tabBar->addTabWithDocument(untitled);
+    if (ShellOutline *outline = ShellRoles::outline())
+        outline->setDocumentToSelect(untitled);
     manager->setCurrentDocument(untitled);
     QMetaObject::invokeMethod(manager.get(), [] {
-        if (LWShell *shell = LWShell::instance()) {
-            shell->reloadOutline();
-            shell->expandInOutline(nullptr, true);
+        if (ShellOutline *outline = ShellRoles::outline()) {
+            outline->reloadOutline();
+            outline->expandInOutline(nullptr, true);
         }
     }, Qt::QueuedConnection);
     return manager;
@@ -61,8 +65,8 @@ std::unique_ptr<LWDocumentManager> LWDocumentManager::newWithPaths(const QString
 {
     auto manager = std::make_unique<LWDocumentManager>();
     manager->importInBackground(paths);
-    if (LWShell *shell = LWShell::instance())
-        shell->addTabWithDocument(LWDocument::emptyFile());
+    if (ShellTabBar *tabBar = ShellRoles::tabBar())
+        tabBar->addTabWithDocument(LWDocument::emptyFile());
     return manager;
 }
 
@@ -100,11 +104,11 @@ void LWDocumentManager::importInBackground(const QStringList &paths)
         return;
     }
     const auto showProgress = [](qsizetype) {
-        if (LWShell *shell = LWShell::instance()) {
-            shell->setStatusMessage(QStringLiteral("Importing Documents..."));
-            shell->setStatusMessageVisible(true);
-            shell->setStatusSpinnerRunning(true);
-            shell->setStatusSpinnerVisible(true);
+        if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
+            statusBar->setStatusMessage(QStringLiteral("Importing Documents..."));
+            statusBar->setStatusMessageVisible(true);
+            statusBar->setStatusSpinnerRunning(true);
+            statusBar->setStatusSpinnerVisible(true);
         }
     };
     const qsizetype last = paths.size() - 1;
@@ -117,17 +121,19 @@ void LWDocumentManager::importInBackground(const QStringList &paths)
 void LWDocumentManager::adoptImported(const QString &path, const LWDocument::Ptr &node, bool isLast)
 {
     const LWDocument::Ptr adopted = tree.adoptImported(path, node);
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellOutline *outline = ShellRoles::outline()) {
         if (adopted && adopted->isFile())
-            shell->setDocumentToSelect(adopted);
-        shell->reloadOutline();
+            outline->setDocumentToSelect(adopted);
+        outline->reloadOutline();
         if (adopted)
-            shell->expandInOutline(adopted->isFile() ? tree.filesGroup() : adopted, false);
+            outline->expandInOutline(adopted->isFile() ? tree.filesGroup() : adopted, false);
+    }
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
         if (isLast)
-            shell->setStatusMessage(QLatin1String(""));
-        shell->setStatusMessageVisible(false);
-        shell->setStatusSpinnerRunning(false);
-        shell->setStatusSpinnerVisible(false);
+            statusBar->setStatusMessage(QLatin1String(""));
+        statusBar->setStatusMessageVisible(false);
+        statusBar->setStatusSpinnerRunning(false);
+        statusBar->setStatusSpinnerVisible(false);
     }
     if (isLast)
         emit importFinished();
@@ -157,24 +163,24 @@ void LWDocumentManager::switchToDoc(const LWDocument::Ptr &document)
 
 void LWDocumentManager::showInEditor(const LWDocument::Ptr &document)
 {
-    LWShell *shell = LWShell::instance();
-    if (shell)
-        shell->setLoadingSpinnerVisible(false);
+    ShellPages *pages = ShellRoles::pages();
+    if (pages)
+        pages->setLoadingSpinnerVisible(false);
     if (current && current != document && !showsAsImage(current))
         storeOutgoingState();
     current = document;
-    if (!shell)
+    if (!pages)
         return;
-    shell->showTabForDocument(document);
-    shell->setWindowTitle(document->path().isEmpty()
+    ShellRoles::tabBar()->showTabForDocument(document);
+    ShellRoles::window()->setWindowTitle(document->path().isEmpty()
                               ? document->label()
                               : QStringLiteral("%1 - %2").arg(document->label(), document->path()));
     showSpecOf(*document);
     if (showsAsImage(document)) {
-        shell->showImagePreview(LWImagePreview::load(document->fullPath()));
+        pages->showImagePreview(LWImagePreview::load(document->fullPath()));
         return;
     }
-    shell->showEditorView();
+    pages->showEditorView();
     loadIntoEditor(document);
     watcher->watch(document);
 }
@@ -185,27 +191,26 @@ void LWDocumentManager::showNoDocument()
         qWarning("showNoDocument: a switch is running; the editor keeps its document");
         return;
     }
-    LWShell *shell = LWShell::instance();
-    if (current && shell && !showsAsImage(current))
+    ShellPages *pages = ShellRoles::pages();
+    if (current && pages && !showsAsImage(current))
         storeOutgoingState();
     current = nullptr;
-    if (!shell)
+    if (!pages)
         return;
-    shell->setWindowTitle(QStringLiteral("Larkwood"));
-    shell->setSpecPopupTitle(QString());
-    shell->updatePluginMenusForSpec(nullptr);
-    shell->showEditorView();
-    shell->sendToEditor(QStringLiteral("lw.setState({\"content\":\"\",\"mode\":\"text\",\"readOnly\":true});"));
+    ShellRoles::window()->setWindowTitle(QStringLiteral("Larkwood"));
+    ShellRoles::statusBar()->setSpecPopupTitle(QString());
+    ShellRoles::window()->updatePluginMenusForSpec(nullptr);
+    pages->showEditorView();
+    pages->sendToEditor(QStringLiteral("lw.setState({\"content\":\"\",\"mode\":\"text\",\"readOnly\":true});"));
 }
 
 void LWDocumentManager::reloadFromDisk(const LWDocument::Ptr &document)
 {
     document->reloadFromDisk();
-    LWShell *shell = LWShell::instance();
-    if (document == current && shell && !showsAsImage(document))
+    if (document == current && ShellRoles::pages() && !showsAsImage(document))
         loadIntoEditor(document);
-    if (shell)
-        shell->reloadOutline();
+    if (ShellOutline *outline = ShellRoles::outline())
+        outline->reloadOutline();
 }
 
 bool LWDocumentManager::showsAsImage(const LWDocument::Ptr &document)
@@ -217,23 +222,22 @@ bool LWDocumentManager::showsAsImage(const LWDocument::Ptr &document)
 // always follow the document in the editor.
 void LWDocumentManager::showSpecOf(const LWDocument &document)
 {
-    LWShell *shell = LWShell::instance();
-    shell->setSpecPopupTitle(document.specName());
-    shell->updatePluginMenusForSpec(LWSpecChooser::specNamed(document.specName()));
+    ShellRoles::statusBar()->setSpecPopupTitle(document.specName());
+    ShellRoles::window()->updatePluginMenusForSpec(LWSpecChooser::specNamed(document.specName()));
 }
 
 void LWDocumentManager::storeOutgoingState()
 {
-    LWShell *shell = LWShell::instance();
-    if (!shell)
+    ShellPages *pages = ShellRoles::pages();
+    if (!pages)
         return;
-    current->updateFromJson(shell->evaluateInEditor(current->editorStateQuery()));
-    shell->sendToEditor(QStringLiteral("lw.saveLocalState('%1');").arg(current->identity()));
+    current->updateFromJson(pages->evaluateInEditor(current->editorStateQuery()));
+    pages->sendToEditor(QStringLiteral("lw.saveLocalState('%1');").arg(current->identity()));
 }
 
 void LWDocumentManager::loadIntoEditor(const LWDocument::Ptr &document)
 {
-    LWShell *shell = LWShell::instance();
-    shell->sendToEditor(QStringLiteral("lw.setState(%1);").arg(document->toEditorJson()));
-    shell->sendToEditor(QStringLiteral("lw.loadLocalState('%1');").arg(document->identity()));
+    ShellPages *pages = ShellRoles::pages();
+    pages->sendToEditor(QStringLiteral("lw.setState(%1);").arg(document->toEditorJson()));
+    pages->sendToEditor(QStringLiteral("lw.loadLocalState('%1');").arg(document->identity()));
 }

@@ -1,6 +1,7 @@
 #include "documents/LWDocumentTree.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellRoles.h"
 #include "documents/FileManager.h"
 
 #include <QtDebug>
@@ -83,8 +84,8 @@ bool LWDocumentTree::refusesDuplicate(const QString &path, bool isFolder) const
 {
     if (isFolder ? !folderAlreadyExists(path) : !fileAlreadyExists(path))
         return false;
-    if (LWShell *shell = LWShell::instance())
-        shell->showAlert(isFolder ? QStringLiteral("This folder has already been imported")
+    if (ShellDialogs *dialogs = ShellRoles::dialogs())
+        dialogs->showAlert(isFolder ? QStringLiteral("This folder has already been imported")
                                   : QStringLiteral("This file has already been imported"),
                          path);
     return true;

@@ -1,6 +1,9 @@
 #include "documents/LWDocumentWatcher.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellOutline.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellStatusBar.h"
 #include "documents/LWDocumentManager.h"
 
 #include <QFileInfo>
@@ -46,15 +49,15 @@ void LWDocumentWatcher::examine(const LWDocument::Ptr &document)
     const LWDiskStamp now = LWDiskStamp::of(document->fullPath());
     if (now == document->diskStamp())
         return;  // our own save, or a change already dealt with
-    LWShell *shell = LWShell::instance();
     if (!now.exists) {
         qInfo().noquote() << QStringLiteral("%1 was removed or renamed on disk").arg(document->fullPath());
         document->setSaved(false);  // saving it again asks first
-        if (shell) {
-            shell->setStatusMessage(QStringLiteral("“%1” was removed or renamed on disk").arg(document->label()));
-            shell->setStatusMessageVisible(true);
-            shell->reloadOutline();
+        if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
+            statusBar->setStatusMessage(QStringLiteral("“%1” was removed or renamed on disk").arg(document->label()));
+            statusBar->setStatusMessageVisible(true);
         }
+        if (ShellOutline *outline = ShellRoles::outline())
+            outline->reloadOutline();
         return;
     }
     if (document->saved()) {
@@ -67,13 +70,13 @@ void LWDocumentWatcher::examine(const LWDocument::Ptr &document)
 
 void LWDocumentWatcher::askKeepOrLoad(const LWDocument::Ptr &document)
 {
-    LWShell *shell = LWShell::instance();
-    if (!shell)
+    ShellDialogs *dialogs = ShellRoles::dialogs();
+    if (!dialogs)
         return;
     const LWDiskStamp seen = LWDiskStamp::of(document->fullPath());
     const std::weak_ptr<LWDocument> weak = document;
     const QPointer<LWDocumentWatcher> self(this);
-    shell->showChoice(QStringLiteral("“%1” changed on disk").arg(document->label()),
+    dialogs->showChoice(QStringLiteral("“%1” changed on disk").arg(document->label()),
                       QStringLiteral("Another program changed the file while it has unsaved changes here. "
                                      "Keep your version, or load the file and lose your changes?"),
                       QStringLiteral("Keep Mine"), QStringLiteral("Load Theirs"), [self, weak, seen](int keepMine) {

@@ -1,6 +1,10 @@
 #include "documents/LWFileMenuController.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellOutline.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellStatusBar.h"
+#include "app/roles/ShellWindow.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWImportTask.h"
 #include "documents/LWRecentDocuments.h"
@@ -25,8 +29,8 @@ void saveAndShow(const LWDocument::Ptr &document)
 {
     if (!document->save())
         return;
-    if (LWShell *shell = LWShell::instance())
-        shell->reloadOutline();
+    if (ShellOutline *outline = ShellRoles::outline())
+        outline->reloadOutline();
 }
 
 Location locationOf(const LWDocument &document)
@@ -67,10 +71,10 @@ void LWFileMenuController::addLooseFile(const LWDocument::Ptr &document)
     manager.documentTree().addDocumentToFilesGroup(document);
     const LWDocument::Ptr files = manager.documentTree().filesGroup();
     QMetaObject::invokeMethod(&manager, [document, files] {
-        if (LWShell *shell = LWShell::instance()) {
-            shell->reloadOutline();
-            shell->selectInOutline(document);
-            shell->expandInOutline(files, false);
+        if (ShellOutline *outline = ShellRoles::outline()) {
+            outline->reloadOutline();
+            outline->selectInOutline(document);
+            outline->expandInOutline(files, false);
         }
     }, Qt::QueuedConnection);
 }
@@ -87,16 +91,16 @@ void LWFileMenuController::openFolderAction()
 
 void LWFileMenuController::chooseAndOpen(bool files, bool folders)
 {
-    LWShell *shell = LWShell::instance();
-    if (!shell)
+    ShellDialogs *dialogs = ShellRoles::dialogs();
+    if (!dialogs)
         return;
-    shell->showOpenDialog(files, folders, {}, [this](const QString &path) { openPaths({path}); });
+    dialogs->showOpenDialog(files, folders, {}, [this](const QString &path) { openPaths({path}); });
 }
 
 namespace {
 
 // "Importing documents..." with the spinner while a path is read in.
-void showImportStatus(LWShell &shell, bool importing)
+void showImportStatus(ShellStatusBar &shell, bool importing)
 {
     shell.setStatusMessage(importing ? QStringLiteral("Importing documents...") : QString());
     shell.setStatusMessageVisible(importing);
@@ -110,27 +114,28 @@ void showImportStatus(LWShell &shell, bool importing)
 // which opens it, and a folder is expanded in the sidebar.
 void LWFileMenuController::openPaths(const QStringList &paths)
 {
-    if (LWShell *shell = LWShell::instance()) {
+    if (ShellWindow *window = ShellRoles::window()) {
         for (const QString &path : paths)
-            shell->noteRecentDocument(path);
+            window->noteRecentDocument(path);
     }
     LWDocumentManager *owner = &manager;
     const auto showImporting = [](qsizetype) {
-        if (LWShell *shell = LWShell::instance())
-            showImportStatus(*shell, true);
+        if (ShellStatusBar *statusBar = ShellRoles::statusBar())
+            showImportStatus(*statusBar, true);
     };
     LWImportTask::start(paths, owner, showImporting,
                         [owner](qsizetype, const QString &path, const LWDocument::Ptr &node) {
                             const LWDocument::Ptr adopted = owner->documentTree().adoptImported(path, node);
-                            LWShell *shell = LWShell::instance();
-                            if (!shell)
+                            if (ShellStatusBar *statusBar = ShellRoles::statusBar())
+                                showImportStatus(*statusBar, false);
+                            ShellOutline *outline = ShellRoles::outline();
+                            if (!outline)
                                 return;
-                            showImportStatus(*shell, false);
-                            shell->reloadOutline();
+                            outline->reloadOutline();
                             if (adopted && adopted->isFile())
-                                shell->selectInOutline(adopted);
+                                outline->selectInOutline(adopted);
                             else if (adopted && adopted->isGroup())
-                                shell->expandInOutline(adopted, false);
+                                outline->expandInOutline(adopted, false);
                         });
 }
 
@@ -138,12 +143,11 @@ void LWFileMenuController::openPaths(const QStringList &paths)
 // dropped from the list, and the user is told.
 void LWFileMenuController::openRecent(const QString &path)
 {
-    LWShell *shell = LWShell::instance();
     if (!QFileInfo::exists(path)) {
         qWarning("Recent document %s no longer exists; removed from the list", qPrintable(path));
         LWRecentDocuments::forget(path);
-        if (shell)
-            shell->showAlert(QStringLiteral("“%1” cannot be opened").arg(QFileInfo(path).fileName()),
+        if (ShellDialogs *dialogs = ShellRoles::dialogs())
+            dialogs->showAlert(QStringLiteral("“%1” cannot be opened").arg(QFileInfo(path).fileName()),
                              QStringLiteral("It no longer exists at %1, so it was removed from Open Recent.").arg(path));
         return;
     }
@@ -153,14 +157,15 @@ void LWFileMenuController::openRecent(const QString &path)
         return;
     }
     LWRecentDocuments::note(path);
-    if (shell && open->isFile())
-        shell->selectInOutline(open);
+    ShellOutline *outline = ShellRoles::outline();
+    if (outline && open->isFile())
+        outline->selectInOutline(open);
 }
 
 void LWFileMenuController::openInNewTab()
 {
-    if (LWShell *shell = LWShell::instance())
-        shell->openOutlineSelectionInNewTab();
+    if (ShellOutline *outline = ShellRoles::outline())
+        outline->openOutlineSelectionInNewTab();
 }
 
 void LWFileMenuController::saveAction()
@@ -185,8 +190,8 @@ void LWFileMenuController::saveAction()
 // was read from it: saving goes ahead only when the user says so.
 void LWFileMenuController::confirmReplacing(const LWDocument::Ptr &document)
 {
-    LWShell *shell = LWShell::instance();
-    if (!shell)
+    ShellDialogs *dialogs = ShellRoles::dialogs();
+    if (!dialogs)
         return;
     const bool removed = !LWDiskStamp::of(document->fullPath()).exists;
     const QString title = removed ? QStringLiteral("“%1” was removed or renamed on disk")
@@ -194,7 +199,7 @@ void LWFileMenuController::confirmReplacing(const LWDocument::Ptr &document)
     const QString question = removed ? QStringLiteral("Save it again at %1?")
                                      : QStringLiteral("Saving replaces the file at %1 and its changes are lost.");
     const std::weak_ptr<LWDocument> weak = document;
-    shell->showChoice(title.arg(document->label()), question.arg(document->fullPath()), QStringLiteral("Cancel"),
+    dialogs->showChoice(title.arg(document->label()), question.arg(document->fullPath()), QStringLiteral("Cancel"),
                       removed ? QStringLiteral("Save") : QStringLiteral("Replace"), [weak](int cancelled) {
                           if (const LWDocument::Ptr document = weak.lock(); document && !cancelled)
                               saveAndShow(document);
@@ -203,21 +208,23 @@ void LWFileMenuController::confirmReplacing(const LWDocument::Ptr &document)
 
 void LWFileMenuController::saveAsAction()
 {
-    LWShell *shell = LWShell::instance();
+    ShellDialogs *dialogs = ShellRoles::dialogs();
     const LWDocument::Ptr document = manager.currentDocument();
-    if (!shell || !document || LWDocumentManager::showsAsImage(document))
+    if (!dialogs || !document || LWDocumentManager::showsAsImage(document))
         return;
-    shell->showSaveDialog([document](const QString &path) {
-        LWShell *shell = LWShell::instance();
+    dialogs->showSaveDialog([document](const QString &path) {
         const Location previous = locationOf(*document);
         document->updatePath(path);
         if (!document->save()) {
             moveBack(*document, previous);
             return;
         }
-        shell->noteRecentDocument(path);
-        shell->reloadOutline();
-        shell->selectInOutline(document);
+        if (ShellWindow *window = ShellRoles::window())
+            window->noteRecentDocument(path);
+        if (ShellOutline *outline = ShellRoles::outline()) {
+            outline->reloadOutline();
+            outline->selectInOutline(document);
+        }
     });
 }
 
@@ -248,16 +255,16 @@ void LWFileMenuController::saveAllAction()
             document->saveWithoutState();
     }
     if (!unsaved.empty())
-        if (LWShell *shell = LWShell::instance())
-            shell->reloadOutline();
+        if (ShellOutline *outline = ShellRoles::outline())
+            outline->reloadOutline();
 }
 
 void LWFileMenuController::printAction()
 {
     const LWDocument::Ptr document = manager.currentDocument();
-    LWShell *shell = LWShell::instance();
-    if (shell && document)
-        shell->printText(document->content().value_or(QString()));
+    ShellDialogs *dialogs = ShellRoles::dialogs();
+    if (dialogs && document)
+        dialogs->printText(document->content().value_or(QString()));
 }
 
 bool LWFileMenuController::validateMenuItem(const QString &action) const
@@ -266,7 +273,7 @@ bool LWFileMenuController::validateMenuItem(const QString &action) const
         return manager.currentDocument() && !LWDocumentManager::showsAsImage(manager.currentDocument());
     if (action != QLatin1String("openInNewTab:"))
         return true;
-    LWShell *shell = LWShell::instance();
-    const LWDocument::Ptr selected = shell ? shell->selectedInOutline() : nullptr;
+    ShellOutline *outline = ShellRoles::outline();
+    const LWDocument::Ptr selected = outline ? outline->selectedInOutline() : nullptr;
     return selected && selected->isFile();
 }

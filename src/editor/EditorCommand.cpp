@@ -1,7 +1,8 @@
 #include "editor/EditorCommand.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
 
 #include <QAction>
 
@@ -9,14 +10,14 @@ namespace EditorCommand {
 
 void send(const QString &script)
 {
-    if (LWShell *shell = LWShell::instance())
-        shell->sendToEditor(script);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->sendToEditor(script);
 }
 
 QString ask(const QString &script)
 {
-    LWShell *shell = LWShell::instance();
-    return shell ? shell->evaluateInEditor(script) : QString();
+    ShellPages *pages = ShellRoles::pages();
+    return pages ? pages->evaluateInEditor(script) : QString();
 }
 
 QString booleanCall(const QString &function, bool value)

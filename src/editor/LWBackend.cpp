@@ -3,7 +3,10 @@
 #include "editor/PageCall.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellOutline.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellStatusBar.h"
 #include "documents/LWDocumentManager.h"
 
 #include <QClipboard>
@@ -30,8 +33,8 @@ QClipboard *clipboard()
 void LWBackend::currentLocationChanged_(const QString &location)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
-        shell->setLocationText(location);
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar())
+        statusBar->setLocationText(location);
 }
 
 void LWBackend::currentDocumentChanged()
@@ -39,20 +42,20 @@ void LWBackend::currentDocumentChanged()
     const PageCall call;
     LWDocumentManager *manager = LWDocumentManager::shared();
     const LWDocument::Ptr document = manager ? manager->currentDocument() : nullptr;
-    LWShell *shell = LWShell::instance();
-    if (!shell || !document || !document->saved() || LWDocumentManager::showsAsImage(document))
+    ShellPages *pages = ShellRoles::pages();
+    if (!pages || !document || !document->saved() || LWDocumentManager::showsAsImage(document))
         return;
     // The page reports changes a frame late, possibly after the editor has
     // moved on to another document: only a text that is no longer the one
     // the current document gave the editor marks that document unsaved.
-    shell->evaluateInEditor(document->editorStateQuery(), [document](const QString &state) {
+    pages->evaluateInEditor(document->editorStateQuery(), [document](const QString &state) {
         LWDocumentManager *manager = LWDocumentManager::shared();
         if (!manager || manager->currentDocument() != document || !document->saved() || document->isUnchangedIn(state))
             return;
         document->setSaved(false);
-        if (LWShell *shell = LWShell::instance()) {
-            shell->reloadOutline();
-            shell->selectInOutline(document);
+        if (ShellOutline *outline = ShellRoles::outline()) {
+            outline->reloadOutline();
+            outline->selectInOutline(document);
         }
     });
 }
@@ -82,18 +85,18 @@ void LWBackend::jslog_(const QString &message)
 void LWBackend::showStatus_(const QString &text)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
-        shell->setStatusMessage(text);
-        shell->setStatusSpinnerRunning(true);
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
+        statusBar->setStatusMessage(text);
+        statusBar->setStatusSpinnerRunning(true);
     }
 }
 
 void LWBackend::hideStatus()
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
-        shell->setStatusMessage(QString());
-        shell->setStatusSpinnerRunning(false);
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
+        statusBar->setStatusMessage(QString());
+        statusBar->setStatusSpinnerRunning(false);
     }
 }
 

@@ -2,7 +2,8 @@
 
 #include "editor/PageCall.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellRoles.h"
 #include "editor/CallbackFormat.h"
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
@@ -29,8 +30,8 @@ void LWBackend::dialogInput_callback_(const QString &title, const QString &callb
 void LWBackend::showInput(const QString &title, const QString &defaultValue, const QString &callback,
                           bool logFilled)
 {
-    if (LWShell *shell = LWShell::instance()) {
-        shell->showInput(title, defaultValue, [callback, logFilled](const QString &typed) {
+    if (ShellDialogs *dialogs = ShellRoles::dialogs()) {
+        dialogs->showInput(title, defaultValue, [callback, logFilled](const QString &typed) {
             const QString script = CallbackFormat::filled(callback, escapedForJavascript(typed));
             if (logFilled)
                 qInfo("---> %s", qPrintable(script));
@@ -43,8 +44,8 @@ void LWBackend::alertDialogWithTitle_information_callback_(const QString &title,
                                                            const QString &callback)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
-        shell->showAlert(title, information, [callback] { EditorCommand::send(callback); });
+    if (ShellDialogs *dialogs = ShellRoles::dialogs())
+        dialogs->showAlert(title, information, [callback] { EditorCommand::send(callback); });
 }
 
 void LWBackend::dialogAlert_info_callback_(const QString &title, const QString &information,
@@ -60,16 +61,16 @@ void LWBackend::dialogAlert_info_callback_(const QString &title, const QString &
 void LWBackend::alert_info_(const QString &title, const QString &information)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
-        shell->showAlert(title, information);
+    if (ShellDialogs *dialogs = ShellRoles::dialogs())
+        dialogs->showAlert(title, information);
 }
 
 void LWBackend::confirmDialogWithTitle_information_callback_(const QString &title, const QString &information,
                                                              const QString &callback)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
-        shell->showConfirmation(title, information, [callback](int answer) {
+    if (ShellDialogs *dialogs = ShellRoles::dialogs()) {
+        dialogs->showConfirmation(title, information, [callback](int answer) {
             EditorCommand::send(CallbackFormat::filled(callback, answer));
         });
     }
@@ -92,13 +93,13 @@ void LWBackend::slider_min_max_val_change_callback_(const QString &title, double
 void LWBackend::showSlider(const QString &title, double minimum, double maximum, double value,
                            const QString &change, const QString &callback)
 {
-    LWShell *shell = LWShell::instance();
-    if (!shell)
+    ShellDialogs *dialogs = ShellRoles::dialogs();
+    if (!dialogs)
         return;
     std::function<void(double)> moved;
     if (!change.isEmpty())
         moved = [change](double current) { EditorCommand::send(CallbackFormat::filled(change, current)); };
-    shell->showSlider(title, minimum, maximum, value, moved, [callback](double chosen) {
+    dialogs->showSlider(title, minimum, maximum, value, moved, [callback](double chosen) {
         EditorCommand::send(CallbackFormat::filled(callback, chosen));
     });
 }

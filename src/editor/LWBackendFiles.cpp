@@ -3,7 +3,8 @@
 #include "editor/PageCall.h"
 
 #include "app/LWPaths.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellOutline.h"
+#include "app/roles/ShellRoles.h"
 #include "documents/FileManager.h"
 #include "documents/LWDocumentManager.h"
 #include "documents/LWSafeSave.h"
@@ -101,8 +102,8 @@ void LWBackend::document_write_(const QString &path, const QString &text)
 void LWBackend::reloadOutlineLater()
 {
     QMetaObject::invokeMethod(this, [] {
-        if (LWShell *shell = LWShell::instance())
-            shell->reloadOutline();
+        if (ShellOutline *outline = ShellRoles::outline())
+            outline->reloadOutline();
     }, Qt::QueuedConnection);
 }
 

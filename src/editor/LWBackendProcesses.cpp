@@ -2,7 +2,8 @@
 
 #include "editor/PageCall.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellStatusBar.h"
+#include "app/roles/ShellRoles.h"
 #include "editor/CallbackFormat.h"
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
@@ -39,9 +40,9 @@ QVariantMap parsedEnvironment(const QString &json)
 
 void setRunning(bool running)
 {
-    if (LWShell *shell = LWShell::instance()) {
-        shell->setStatusMessage(running ? QStringLiteral("Running...") : QString());
-        shell->setStatusSpinnerRunning(running);
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
+        statusBar->setStatusMessage(running ? QStringLiteral("Running...") : QString());
+        statusBar->setStatusSpinnerRunning(running);
     }
 }
 

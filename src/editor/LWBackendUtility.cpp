@@ -2,7 +2,8 @@
 
 #include "editor/PageCall.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
 #include "extensions/JSONComments.h"
@@ -28,79 +29,79 @@ QVariantList parsedArray(const QString &json, const char *operation)
 void LWBackend::openUtilityView()
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
-        shell->openUtilityView();
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->openUtilityView();
 }
 
 void LWBackend::loadUtilityWithHtml_(const QString &html)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
-        shell->loadUtilityHTML(html);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->loadUtilityHTML(html);
 }
 
 void LWBackend::loadUtilityHtml_label_(const QString &html, const QString &label)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
-        shell->loadUtilityHTML(html);
-        shell->setUtilityLabel(label);
+    if (ShellPages *pages = ShellRoles::pages()) {
+        pages->loadUtilityHTML(html);
+        pages->setUtilityLabel(label);
     }
 }
 
 void LWBackend::loadUtilityWithHtml_path_(const QString &html, const QString &basePath)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
-        shell->loadUtilityHTML(html, basePath);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->loadUtilityHTML(html, basePath);
 }
 
 void LWBackend::loadHtml_label_withBasePath_(const QString &html, const QString &label, const QString &basePath)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
-        shell->setUtilityLabel(label);
-        shell->loadUtilityHTML(html, basePath);
+    if (ShellPages *pages = ShellRoles::pages()) {
+        pages->setUtilityLabel(label);
+        pages->loadUtilityHTML(html, basePath);
     }
 }
 
 void LWBackend::loadUtilityWithHtmlFile_(const QString &path)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance())
-        shell->loadUtilityHTMLFile(path, {});
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->loadUtilityHTMLFile(path, {});
 }
 
 void LWBackend::loadUtility_label_(const QString &pathOrHTML, const QString &label)
 {
     const PageCall call;
-    LWShell *shell = LWShell::instance();
-    if (!shell)
+    ShellPages *pages = ShellRoles::pages();
+    if (!pages)
         return;
     if (!QFileInfo(pathOrHTML).isFile()) {
         loadUtilityHtml_label_(pathOrHTML, label);
         return;
     }
-    shell->loadUtilityHTMLFile(pathOrHTML, {});
-    shell->setUtilityLabel(label);
+    pages->loadUtilityHTMLFile(pathOrHTML, {});
+    pages->setUtilityLabel(label);
 }
 
 void LWBackend::loadUtility_label_cookies_(const QString &path, const QString &label, const QString &cookiesJSON)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
-        shell->loadUtilityHTMLFile(path, parsedArray(cookiesJSON, "loadUtility:label:cookies:"));
-        shell->setUtilityLabel(label);
+    if (ShellPages *pages = ShellRoles::pages()) {
+        pages->loadUtilityHTMLFile(path, parsedArray(cookiesJSON, "loadUtility:label:cookies:"));
+        pages->setUtilityLabel(label);
     }
 }
 
 void LWBackend::loadEditorUtility_label_mode_(const QString &content, const QString &label, const QString &mode)
 {
     const PageCall call;
-    if (LWShell *shell = LWShell::instance()) {
-        shell->openUtilityView();
-        shell->loadUtilityEditor(content, mode);
-        shell->setUtilityLabel(label);
+    if (ShellPages *pages = ShellRoles::pages()) {
+        pages->openUtilityView();
+        pages->loadUtilityEditor(content, mode);
+        pages->setUtilityLabel(label);
     }
 }
 
@@ -110,8 +111,8 @@ void LWBackend::registerPluginMenu_(const QString &titlesJSON)
     QStringList titles;
     for (const QVariant &title : parsedArray(titlesJSON, "registerPluginMenu:"))
         titles.append(title.toString());
-    if (LWShell *shell = LWShell::instance())
-        shell->setUtilityPluginMenu(titles);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->setUtilityPluginMenu(titles);
 }
 
 void LWBackend::utilityViewMenuItemClicked_(const QString &title)

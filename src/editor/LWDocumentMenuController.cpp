@@ -1,7 +1,9 @@
 #include "editor/LWDocumentMenuController.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellStatusBar.h"
+#include "app/roles/ShellWindow.h"
 #include "editor/EditorCommand.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/LWSpec.h"
@@ -25,8 +27,8 @@ bool isOverridden(const QVariantMap &userExtensions, const QString &extension, c
 
 }
 
-LWDocumentMenuController::LWDocumentMenuController(CurrentDocument currentDocument, QObject *parent)
-    : QObject(parent), currentDocument(std::move(currentDocument))
+LWDocumentMenuController::LWDocumentMenuController(CurrentDocument currentDocument, Roles roles, QObject *parent)
+    : QObject(parent), currentDocument(std::move(currentDocument)), roles(roles)
 {
 }
 
@@ -57,10 +59,7 @@ bool LWDocumentMenuController::validateOverrideItem(QAction *item, const LWDocum
 
 void LWDocumentMenuController::goToLineAction(QAction *)
 {
-    LWShell *shell = LWShell::instance();
-    if (!shell)
-        return;
-    shell->showInput(QStringLiteral("Line number"), QStringLiteral("1"), [](const QString &line) {
+    roles.dialogs.showInput(QStringLiteral("Line number"), QStringLiteral("1"), [](const QString &line) {
         EditorCommand::send(QStringLiteral("lw.goToLine(%1);").arg(line));
     });
 }
@@ -118,18 +117,17 @@ void LWDocumentMenuController::foldingUnfoldCurrentAction(QAction *)
 void LWDocumentMenuController::setSpecAction(QAction *sender)
 {
     auto *spec = sender ? qobject_cast<LWSpec *>(sender->data().value<QObject *>()) : nullptr;
-    LWShell *shell = LWShell::instance();
-    if (!spec || !shell) {
+    if (!spec) {
         qWarning("setSpecAction: the menu item carries no language specification");
         return;
     }
-    shell->updatePluginMenusForSpec(spec);
+    roles.window.updatePluginMenusForSpec(spec);
     const LWDocument::Ptr document = currentDocument();
     if (!document)
         return;
     document->setSpecName(spec->name());
     EditorCommand::send(QStringLiteral("lw.setMode('%1');").arg(spec->infoText(QStringLiteral("name"))));
-    shell->setSpecPopupTitle(spec->name());
+    roles.statusBar.setSpecPopupTitle(spec->name());
 }
 
 void LWDocumentMenuController::setDefaultForCurrentExtension(QAction *sender)

@@ -7,6 +7,9 @@
 #include <functional>
 
 class QAction;
+class ShellDialogs;
+class ShellStatusBar;
+class ShellWindow;
 
 // The Document menu: go to line, scrolling, bookmarks, folding, the
 // document's language and the per-extension language override. The current
@@ -18,7 +21,16 @@ class LWDocumentMenuController : public QObject
 public:
     using CurrentDocument = std::function<LWDocument::Ptr()>;
 
-    explicit LWDocumentMenuController(CurrentDocument currentDocument, QObject *parent = nullptr);
+    // The window roles the menu asks: the line-number dialog, the language
+    // pop-up's title and the plugin menus of the chosen language.
+    struct Roles
+    {
+        ShellDialogs &dialogs;
+        ShellStatusBar &statusBar;
+        ShellWindow &window;
+    };
+
+    LWDocumentMenuController(CurrentDocument currentDocument, Roles roles, QObject *parent = nullptr);
 
     // Language items are checked for the document's language; the override
     // item is disabled when the registry already maps the extension to that
@@ -49,4 +61,5 @@ private:
     bool validateOverrideItem(QAction *item, const LWDocument &document) const;
 
     CurrentDocument currentDocument;
+    Roles roles;
 };

@@ -1,7 +1,8 @@
 #include "editor/LWViewMenuController.h"
 
 #include "app/LWDefaults.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellWindow.h"
 #include "editor/EditorCommand.h"
 #include "editor/JavaScriptEscape.h"
 #include "extensions/LWTheme.h"
@@ -59,7 +60,7 @@ const QHash<QString, NumberItem> &numberItems()
     return items;
 }
 
-bool isChecked(const QAction *item)
+bool isChecked(const QAction *item, ShellPages &pages)
 {
     const LWDefaults &defaults = *LWDefaults::shared();
     const QString name = EditorCommand::actionName(item);
@@ -70,8 +71,7 @@ bool isChecked(const QAction *item)
         return defaults.integerForKey(number.key) == number.value;
     }
     if (name == QLatin1String("toggleUtilityViewAction")) {
-        LWShell *shell = LWShell::instance();
-        return shell && shell->isUtilityViewVisible();
+        return pages.isUtilityViewVisible();
     }
     if (name == QLatin1String("setThemeAction"))
         return item->text() == defaults.stringForKey(themeKey);
@@ -80,34 +80,39 @@ bool isChecked(const QAction *item)
 
 }
 
+LWViewMenuController::LWViewMenuController(ShellPages &pages, ShellWindow &window)
+    : pages(pages),
+      window(window)
+{
+}
+
 bool LWViewMenuController::validateMenuItem(QAction *item) const
 {
     if (item && item->isCheckable())
-        item->setChecked(isChecked(item));
+        item->setChecked(isChecked(item, pages));
     return true;
 }
 
 void LWViewMenuController::toggleSidebarAction(QAction *)
 {
-    flipLayout(QStringLiteral("LW_Sidebar"), &LWShell::setSidebarVisible);
+    flipLayout(QStringLiteral("LW_Sidebar"), &ShellWindow::setSidebarVisible);
 }
 
 void LWViewMenuController::toggleTabsAction(QAction *)
 {
-    flipLayout(QStringLiteral("LW_TabBar"), &LWShell::setTabBarVisible);
+    flipLayout(QStringLiteral("LW_TabBar"), &ShellWindow::setTabBarVisible);
 }
 
 void LWViewMenuController::toggleStatusBarAction(QAction *)
 {
-    flipLayout(QStringLiteral("LW_StatusBar"), &LWShell::setStatusBarVisible);
+    flipLayout(QStringLiteral("LW_StatusBar"), &ShellWindow::setStatusBarVisible);
 }
 
-void LWViewMenuController::flipLayout(const QString &key, void (LWShell::*show)(bool))
+void LWViewMenuController::flipLayout(const QString &key, void (ShellWindow::*show)(bool))
 {
     LWDefaults *defaults = LWDefaults::shared();
     defaults->setBool(key, !defaults->boolForKey(key));
-    if (LWShell *shell = LWShell::instance())
-        (shell->*show)(defaults->boolForKey(key));
+    (window.*show)(defaults->boolForKey(key));
 }
 
 void LWViewMenuController::togglePanelAction(QAction *)
@@ -246,14 +251,11 @@ void LWViewMenuController::setThemeAction(QAction *sender)
 
 void LWViewMenuController::toggleUtilityViewAction(QAction *)
 {
-    LWShell *shell = LWShell::instance();
-    if (!shell)
-        return;
-    if (!shell->isUtilityViewVisible()) {
-        shell->openUtilityView();
+    if (!pages.isUtilityViewVisible()) {
+        pages.openUtilityView();
         return;
     }
-    shell->closeUtilityView();
+    pages.closeUtilityView();
     EditorCommand::send(QStringLiteral("$Core.haltPlugin()"));
 }
 

@@ -3,7 +3,8 @@
 #include <QObject>
 #include <QString>
 
-class LWShell;
+class ShellPages;
+class ShellWindow;
 class QAction;
 
 // The View menu's editor settings: panel, gutter, margins, guides, invisible
@@ -16,7 +17,8 @@ class LWViewMenuController : public QObject
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    // The utility pane and the window's layout are shown through the pages and the window.
+    LWViewMenuController(ShellPages &pages, ShellWindow &window);
 
     Q_INVOKABLE bool validateMenuItem(QAction *item) const;
 
@@ -65,5 +67,8 @@ public slots:
 
 private:
     void zoomBy(int steps);
-    static void flipLayout(const QString &key, void (LWShell::*show)(bool));
+    void flipLayout(const QString &key, void (ShellWindow::*show)(bool));
+
+    ShellPages &pages;
+    ShellWindow &window;
 };

@@ -1,7 +1,8 @@
 #include "extensions/LWEnvironment.h"
 
 #include "app/LWPaths.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellWindow.h"
+#include "app/roles/ShellRoles.h"
 #include "documents/FileManager.h"
 #include "extensions/LWDataRoot.h"
 #include "extensions/LWPlugin.h"
@@ -201,8 +202,8 @@ void LWEnvironment::addUserPluginFromPath(const QString &path)
 {
     copyIntoUserFolder(path, QStringLiteral("User/Plugins"));
     pluginList.emplace_back(LWPlugin::pluginFromPath(path));
-    if (LWShell *shell = LWShell::instance())
-        shell->updatePluginMenusForSpec(menuSpec);
+    if (ShellWindow *window = ShellRoles::window())
+        window->updatePluginMenusForSpec(menuSpec);
 }
 
 void LWEnvironment::addUserThemeFromPath(const QString &path)
@@ -210,8 +211,8 @@ void LWEnvironment::addUserThemeFromPath(const QString &path)
     copyIntoUserFolder(path, QStringLiteral("User/Themes"));
     themeList.emplace_back(LWTheme::themeFromPath(path));
     themeList.back()->install();
-    if (LWShell *shell = LWShell::instance())
-        shell->updateThemesMenu();
+    if (ShellWindow *window = ShellRoles::window())
+        window->updateThemesMenu();
 }
 
 QString LWEnvironment::envPath() const

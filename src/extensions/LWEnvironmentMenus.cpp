@@ -3,7 +3,8 @@
 #include "extensions/LWEnvironment.h"
 
 #include "app/LWPaths.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellWindow.h"
+#include "app/roles/ShellRoles.h"
 #include "extensions/LWMenuItems.h"
 #include "extensions/LWPlugin.h"
 #include "extensions/LWSpec.h"
@@ -111,9 +112,9 @@ QVariant LWEnvironment::pluginsArrayForSpec(LWSpec *spec, const QString &selecto
 {
     if (!spec || spec->ignore())
         return {};
-    LWShell *shell = LWShell::instance();
-    if (shell)
-        shell->setRunButtonVisible(false);
+    ShellWindow *window = ShellRoles::window();
+    if (window)
+        window->setRunButtonVisible(false);
     boundRunPlugin = nullptr;
     menuSpec = spec;
     QHash<QString, LWPlugin *> ownPlugins;
@@ -121,8 +122,8 @@ QVariant LWEnvironment::pluginsArrayForSpec(LWSpec *spec, const QString &selecto
         ownPlugins.insert(plugin->name(), plugin);
         if (plugin->shortcut() == QLatin1String("@+R") && plugin->mayRun()) {
             boundRunPlugin = plugin;
-            if (shell)
-                shell->setRunButtonVisible(true);
+            if (window)
+                window->setRunButtonVisible(true);
         }
     }
     QVariantList index = spec->pluginsIndex().toList();

@@ -1,7 +1,9 @@
 #include "extensions/LWPlugin.h"
 
 #include "app/LWPaths.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -26,15 +28,14 @@ QString LWPlugin::runScript(const QString &scriptSource) const
 
 void LWPlugin::execute() const
 {
-    LWShell *shell = LWShell::instance();
     QFile script(path() + QStringLiteral("/script.coffee"));
     if (!script.open(QIODevice::ReadOnly)) {
         qWarning("LWPlugin : execute :: no script file in %s", qUtf8Printable(path()));
-        if (shell)
-            shell->showAlert(QStringLiteral("Plugin error"),
+        if (ShellDialogs *dialogs = ShellRoles::dialogs())
+            dialogs->showAlert(QStringLiteral("Plugin error"),
                              QStringLiteral("Plugin doesn't seem to be correctly set up - no script file found"));
         return;
     }
-    if (shell)
-        shell->sendToEditor(runScript(QString::fromUtf8(script.readAll())));
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->sendToEditor(runScript(QString::fromUtf8(script.readAll())));
 }

@@ -1,6 +1,7 @@
 #include "terminal/LWTerm.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellStatusBar.h"
+#include "app/roles/ShellRoles.h"
 #include "documents/LWDocumentManager.h"
 #include "extensions/LWEnvironment.h"
 #include "terminal/ChildEnvironment.h"
@@ -15,11 +16,11 @@ const QString shellProgram = QStringLiteral("/usr/bin/env");
 
 void showBusy(bool busy)
 {
-    LWShell *shell = LWShell::instance();
-    if (!shell)
+    ShellStatusBar *statusBar = ShellRoles::statusBar();
+    if (!statusBar)
         return;
-    shell->setStatusMessage(busy ? QStringLiteral("Running...") : QString());
-    shell->setStatusSpinnerRunning(busy);
+    statusBar->setStatusMessage(busy ? QStringLiteral("Running...") : QString());
+    statusBar->setStatusSpinnerRunning(busy);
 }
 
 // The folder the previous command ended in, else the workspace's.

@@ -1,6 +1,7 @@
 #include "terminal/LWTerminalSession.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
 #include "editor/JavaScriptEscape.h"
 #include "extensions/JSONComments.h"
 #include "extensions/LWEnvironment.h"
@@ -24,8 +25,8 @@ QString filledCallback(const QString &format, const QString &text)
 
 void sendToEditor(const QString &script)
 {
-    if (LWShell *shell = LWShell::instance())
-        shell->sendToEditor(script);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->sendToEditor(script);
 }
 
 // Sends a batch of output to the page through the action script and
@@ -34,12 +35,12 @@ void sendToEditor(const QString &script)
 OutputCoalescer::Deliver pageDelivery(const QString &actionFormat)
 {
     return [actionFormat](const QString &batch, const std::function<void()> &delivered) {
-        LWShell *shell = LWShell::instance();
-        if (!shell || actionFormat.isEmpty()) {
+        ShellPages *pages = ShellRoles::pages();
+        if (!pages || actionFormat.isEmpty()) {
             delivered();
             return;
         }
-        shell->evaluateInEditor(filledCallback(actionFormat, batch), [delivered](const QString &) { delivered(); });
+        pages->evaluateInEditor(filledCallback(actionFormat, batch), [delivered](const QString &) { delivered(); });
     };
 }
 

@@ -65,8 +65,9 @@ void TestMenuControllers::init()
         defaults->removeObjectForKey(key);
     document.reset();
     edit = std::make_unique<LWEditMenuController>();
-    documentMenu = std::make_unique<LWDocumentMenuController>([this] { return document; });
-    view = std::make_unique<LWViewMenuController>();
+    documentMenu = std::make_unique<LWDocumentMenuController>([this] { return document; },
+                                                              LWDocumentMenuController::Roles{*shell, *shell, *shell});
+    view = std::make_unique<LWViewMenuController>(*shell, *shell);
     find = std::make_unique<LWFindMenuController>();
 }
 

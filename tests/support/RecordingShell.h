@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/LWShell.h"
+#include "app/roles/ShellRoles.h"
 #include "documents/LWDocument.h"
 
 #include <QImage>
@@ -12,8 +13,8 @@
 class RecordingShell : public LWShell
 {
 public:
-    RecordingShell() { LWShell::setInstance(this); }
-    ~RecordingShell() override { LWShell::setInstance(nullptr); }
+    RecordingShell() { ShellRoles::installAll(this); }
+    ~RecordingShell() override { ShellRoles::install({}); }
 
     using LWShell::showAlert;
 

@@ -2,6 +2,7 @@
 
 #include "app/LWDefaults.h"
 #include "app/LWDefaultsController.h"
+#include "app/roles/ShellRoles.h"
 #include "app/ui/LWFileOutlineController.h"
 #include "app/ui/LWFileOutlineMenuController.h"
 #include "app/ui/LWMainWindow.h"
@@ -59,28 +60,31 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
     });
     LWDocumentManager::setShared(documents.get());
     editMenu = std::make_unique<LWEditMenuController>();
-    documentMenu = std::make_unique<LWDocumentMenuController>([this] { return documents->currentDocument(); });
-    viewMenu = std::make_unique<LWViewMenuController>();
+    documentMenu = std::make_unique<LWDocumentMenuController>([this] { return documents->currentDocument(); },
+                                                              LWDocumentMenuController::Roles{*this, *this, *this});
+    viewMenu = std::make_unique<LWViewMenuController>(*this, *this);
     findMenu = std::make_unique<LWFindMenuController>();
     editorPage = std::make_unique<LWWebViewController>(bridge.get(), nullptr);
     utilityPage = std::make_unique<LWUtilityWebViewController>(bridge.get(), nullptr);
     remoteTransfers = std::make_unique<RemoteFolderTransfers>(this, this, this);
     buildWindow();
-    LWShell::setInstance(this);
+    ShellRoles::installAll(this);
     connect(editorPage.get(), &LWWebViewController::pageLoaded, this, &LWAppDelegate::postProcess);
     connect(qApp, &QCoreApplication::aboutToQuit, this, &LWAppDelegate::shutDown);
     openFiles(paths);
 }
 
+// The roles are withdrawn first: page answers still arriving while the
+// window is torn down must not reach it.
 LWAppDelegate::~LWAppDelegate()
 {
+    if (ShellRoles::pages() == this)
+        ShellRoles::install({});
     uiController.reset();
     searchCommands.reset();
     mainWindow.reset();
     LWDocumentManager::setShared(nullptr);
     LWEnvironment::setShared(nullptr);
-    if (LWShell::instance() == this)
-        LWShell::setInstance(nullptr);
 }
 
 RemoteFolderActions *LWAppDelegate::remoteFolderActions() const
@@ -91,7 +95,7 @@ RemoteFolderActions *LWAppDelegate::remoteFolderActions() const
 void LWAppDelegate::buildWindow()
 {
     mainWindow = std::make_unique<LWMainWindow>(editorPage->view(), utilityPage->view());
-    pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get());
+    pluginsController = std::make_unique<LWPluginsMenuController>(environment.get(), mainWindow.get(), *this);
     uiController = std::make_unique<LWUIController>(
         mainWindow.get(), environment.get(), this,
         LWUIController::MenuControllers{[this]() -> LWFileMenuController & { return *fileMenu; }, editMenu.get(),

@@ -3,6 +3,7 @@
 #include "app/LWDefaults.h"
 #include "app/roles/ShellPages.h"
 #include "app/ui/LWMainWindow.h"
+#include "documents/ui/TabBarView.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/LWTheme.h"
 
@@ -82,6 +83,7 @@ void WindowColors::apply(const QByteArray &answer)
         foreground = dark ? QColor(0xe0, 0xe0, 0xe0) : QColor(Qt::black);
     }
     window->setPartsPalette(paletteFor(background, foreground, dark));
+    window->tabs()->setColors(TabBarPalette::themed(background, foreground));
     emit applied();
 }
 

@@ -17,4 +17,25 @@ struct TabBarPalette
     QColor tabActivedTitleColor = Qt::black;
     // The close crosses and the tab-list control.
     QColor smallControlColor = grey(0.53);
+
+    // The bar in a theme's colours: its greys become the same steps from the
+    // theme's background towards its foreground (white and black give the
+    // colours above), and the active tab takes the editor's background.
+    static TabBarPalette themed(const QColor &background, const QColor &foreground)
+    {
+        const auto towards = [&](double step) {
+            return QColor::fromRgbF(background.redF() + (foreground.redF() - background.redF()) * step,
+                                    background.greenF() + (foreground.greenF() - background.greenF()) * step,
+                                    background.blueF() + (foreground.blueF() - background.blueF()) * step);
+        };
+        TabBarPalette palette;
+        palette.bgColor = towards(0.4);
+        palette.tabBGColor = towards(0.32);
+        palette.tabActivedBGColor = background;
+        palette.tabBorderColor = towards(0.47);
+        palette.tabTitleColor = foreground;
+        palette.tabActivedTitleColor = foreground;
+        palette.smallControlColor = towards(0.47);
+        return palette;
+    }
 };

@@ -1,6 +1,8 @@
 #include "editor/ui/LWUtilityWebViewController.h"
 
-#include "app/LWShell.h"
+#include "app/roles/ShellPages.h"
+#include "app/roles/ShellRoles.h"
+#include "app/roles/ShellStatusBar.h"
 #include "editor/ui/LWBridgePage.h"
 #include "editor/ui/PageFile.h"
 
@@ -121,10 +123,11 @@ QString LWUtilityWebViewController::editorState() const
 
 void LWUtilityWebViewController::finishLoad()
 {
-    if (LWShell *shell = LWShell::instance()) {
-        shell->openUtilityView();
-        shell->setStatusMessage(QString());
-        shell->setStatusSpinnerRunning(false);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->openUtilityView();
+    if (ShellStatusBar *statusBar = ShellRoles::statusBar()) {
+        statusBar->setStatusMessage(QString());
+        statusBar->setStatusSpinnerRunning(false);
     }
     if (!mode.isEmpty() && showsEditorPage())
         applyEditorLook();
@@ -145,8 +148,8 @@ void LWUtilityWebViewController::applyEditorLook()
     };
     // The main page's theme is asked for without waiting: this may run
     // inside a page's call.
-    if (LWShell *shell = LWShell::instance())
-        shell->evaluateInEditor(QStringLiteral("lw.editor.renderer.$themeId"), themeAndWorker);
+    if (ShellPages *pages = ShellRoles::pages())
+        pages->evaluateInEditor(QStringLiteral("lw.editor.renderer.$themeId"), themeAndWorker);
     else
         themeAndWorker(QString());
 }

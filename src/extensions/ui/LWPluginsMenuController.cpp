@@ -1,7 +1,7 @@
 #include "extensions/ui/LWPluginsMenuController.h"
 
 #include "app/LWPaths.h"
-#include "app/LWShell.h"
+#include "app/roles/ShellDialogs.h"
 #include "documents/FileManager.h"
 #include "extensions/LWEnvironment.h"
 #include "extensions/LWPlugin.h"
@@ -9,8 +9,9 @@
 #include <QAction>
 #include <QFileDialog>
 
-LWPluginsMenuController::LWPluginsMenuController(LWEnvironment *environment, QWidget *window, QObject *parent)
-    : QObject(parent), environment(environment), window(window)
+LWPluginsMenuController::LWPluginsMenuController(LWEnvironment *environment, QWidget *window, ShellDialogs &dialogs,
+                                                 QObject *parent)
+    : QObject(parent), environment(environment), window(window), dialogs(dialogs)
 {
 }
 
@@ -46,8 +47,7 @@ void LWPluginsMenuController::installBundle(const QString &type, void (LWEnviron
     if (path.isEmpty())
         return;
     (environment->*add)(path);
-    if (LWShell *shell = LWShell::instance())
-        shell->showAlert(message, LWPaths::dataPath(userFolder));
+    dialogs.showAlert(message, LWPaths::dataPath(userFolder));
 }
 
 void LWPluginsMenuController::installNewPluginAction()

@@ -5,6 +5,7 @@
 class QAction;
 class QWidget;
 class LWEnvironment;
+class ShellDialogs;
 
 // The Plugins menu's actions: running a plugin (from its menu item, or the run
 // button's bound plugin), installing plugin and theme bundles the user picks,
@@ -14,7 +15,9 @@ class LWPluginsMenuController : public QObject
     Q_OBJECT
 
 public:
-    LWPluginsMenuController(LWEnvironment *environment, QWidget *window, QObject *parent = nullptr);
+    // Installing a bundle confirms through dialogs.
+    LWPluginsMenuController(LWEnvironment *environment, QWidget *window, ShellDialogs &dialogs,
+                            QObject *parent = nullptr);
 
 public slots:
     // A menu item runs its represented plugin; any other sender (the run
@@ -35,4 +38,5 @@ private:
 
     LWEnvironment *environment;
     QWidget *window;
+    ShellDialogs &dialogs;
 };

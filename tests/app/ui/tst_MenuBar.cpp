@@ -1,6 +1,7 @@
 #include "app/LWDefaults.h"
 #include "app/ui/LWStatusBar.h"
 #include "app/ui/WorkspaceOutline.h"
+#include "documents/ui/TabBarView.h"
 #include "support/WindowDriver.h"
 #include "support/WebTestMain.h"
 
@@ -237,6 +238,7 @@ void TestMenuBar::darkThemeRecoloursTheWindow()
     QTRY_VERIFY_WITH_TIMEOUT(lightness(sidebar, QPalette::Base) < 100, 10000);
     QVERIFY(lightness(sidebar, QPalette::Text) > 150);
     QVERIFY(lightness(statusBar, QPalette::Window) < 100);
+    QVERIFY(driver->delegate->window()->tabs()->colors().tabActivedBGColor.lightness() < 100);
     QCOMPARE(LWDefaults::shared()->stringForKey(QStringLiteral("LW_Theme")), dark->text());
     showMenuOf(dark);
     QVERIFY(dark->isChecked() && !light->isChecked());
@@ -244,6 +246,7 @@ void TestMenuBar::darkThemeRecoloursTheWindow()
     light->trigger();
     QTRY_VERIFY_WITH_TIMEOUT(lightness(statusBar, QPalette::Window) > 150, 10000);
     QVERIFY(lightness(sidebar, QPalette::Base) > 150);
+    QVERIFY(driver->delegate->window()->tabs()->colors().tabActivedBGColor.lightness() > 150);
 }
 
 // The default button sits at the trailing edge and answers 1, the other 0.

@@ -108,7 +108,7 @@ void tst_LWMenuOperations::pluginActionsRunAndValidate()
     RecordingShell shell;
     LWEnvironment environment;
     environment.load();
-    LWPluginsMenuController controller(&environment, nullptr);
+    LWPluginsMenuController controller(&environment, nullptr, shell);
     QMenu menu;
     LWMenuOperations::addItemsFromNestedArray(
         &menu, environment.globalPluginsToMenuFromIndex({QVariantMap{{"title", "Shout"}}, QVariantMap{{"title", "Empty"}}},
