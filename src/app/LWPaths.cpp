@@ -4,13 +4,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
-#include <atomic>
-
 namespace LWPaths {
-
-namespace {
-std::atomic<bool> userDataTreeReady{true};
-}
 
 bool isSandboxed()
 {
@@ -30,16 +24,6 @@ QString dataRoot()
 QString dataPath(const QString &relative)
 {
     return dataRoot() + QLatin1Char('/') + relative;
-}
-
-QString shippedDataPath(const QString &relative)
-{
-    return userDataTreeReady ? dataPath(relative) : resourcePath(relative);
-}
-
-void setUserDataTreeReady(bool ready)
-{
-    userDataTreeReady = ready;
 }
 
 QString resourceFolder()

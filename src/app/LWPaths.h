@@ -16,15 +16,6 @@ QString dataRoot();
 // The data root joined with a relative path.
 QString dataPath(const QString &relative);
 
-// A path in the shipped "Data" tree for reading (relative starts with "Data/"):
-// the per-user copy, or the resource folder's own tree while that copy is
-// missing or still being made.
-QString shippedDataPath(const QString &relative);
-
-// Whether the per-user copy of the "Data" tree is complete in this process;
-// true until a start-up copy is begun. Safe to call from any thread.
-void setUserDataTreeReady(bool ready);
-
 // The shipped resource folder (holding Data, User and helper scripts):
 // $LARKWOOD_RESOURCES when set, else share/larkwood beside the executable's bin/.
 QString resourceFolder();

@@ -146,7 +146,7 @@ void copyToFolder(const QString &path, const QString &folder)
     copyTo(path, QDir(folder).filePath(lastPathComponent(path)));
 }
 
-bool recursiveCopyToPath(const QString &path, const QString &destination)
+void recursiveCopyToPath(const QString &path, const QString &destination)
 {
     const QString staging = temporarySibling(destination);
     std::error_code error = copyItem(path, staging);
@@ -159,7 +159,6 @@ bool recursiveCopyToPath(const QString &path, const QString &destination)
         qWarning("FileManager : recursiveCopyToPath :: could not copy : %s",
                  qUtf8Printable(describe(error, path, destination)));
     }
-    return !error;
 }
 
 void moveTo(const QString &path, const QString &destination)

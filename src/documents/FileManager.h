@@ -19,9 +19,8 @@ namespace FileManager {
 void copyTo(const QString &path, const QString &destination);
 void copyToPath(const QString &path, const QString &destination);
 void copyToFolder(const QString &path, const QString &folder);
-// Copies a file or folder tree beside the destination, then swaps it into
-// place; answers whether it did (a failure is logged and leaves the destination).
-bool recursiveCopyToPath(const QString &path, const QString &destination);
+// Copies a file or folder tree beside the destination, then swaps it into place.
+void recursiveCopyToPath(const QString &path, const QString &destination);
 void moveTo(const QString &path, const QString &destination);
 void renameAs(const QString &path, const QString &newPath);
 // Removes the item permanently, folders with their contents.

@@ -130,12 +130,12 @@ QString LWBackend::file_(const QString &path)
 QString LWBackend::getBinariesIndex()
 {
     const PageCall call;
+    const QString base = LWPaths::dataRoot() + QLatin1Char('/');
     const QJsonObject index{
-        {QStringLiteral("node"), LWPaths::shippedDataPath(QStringLiteral("Data/Bin/node/bin/node"))},
-        {QStringLiteral("clojure"), LWPaths::shippedDataPath(QStringLiteral("Data/Bin/clojure/clojure.jar"))},
-        {QStringLiteral("lua"), LWPaths::shippedDataPath(QStringLiteral("Data/Bin/lua/lua"))},
-        {QStringLiteral("typescript"),
-         LWPaths::shippedDataPath(QStringLiteral("Data/Bin/node/lib/node_modules/typescript/bin/tsc.js"))},
+        {QStringLiteral("node"), base + QStringLiteral("Data/Bin/node/bin/node")},
+        {QStringLiteral("clojure"), base + QStringLiteral("Data/Bin/clojure/clojure.jar")},
+        {QStringLiteral("lua"), base + QStringLiteral("Data/Bin/lua/lua")},
+        {QStringLiteral("typescript"), base + QStringLiteral("Data/Bin/node/lib/node_modules/typescript/bin/tsc.js")},
     };
     return QString::fromUtf8(QJsonDocument(index).toJson(QJsonDocument::Compact));
 }

@@ -24,6 +24,15 @@ void copyUserFolders()
     }
 }
 
+void copyData(bool replacing)
+{
+    const QString data = LWPaths::dataPath(QStringLiteral("Data"));
+    if (replacing)
+        QDir(data).removeRecursively();
+    FileManager::copyTo(LWPaths::resourcePath(QStringLiteral("Data")), data);
+    LWTextFiles::writeAtomically(LWPaths::dataPath(versionFile), QString::number(LWPaths::buildNumber()));
+}
+
 // The build number stored in "version.txt" under the root; 0 when the text is
 // not a number, -1 when the file is missing.
 int storedBuildNumber()
@@ -47,18 +56,8 @@ bool prepare()
     if (stored >= LWPaths::buildNumber())
         return false;
     qInfo("LWDataRoot :: copying Data (stored build %d, running build %d)", stored, LWPaths::buildNumber());
+    copyData(stored >= 0);
     return true;
-}
-
-bool copyData()
-{
-    return FileManager::recursiveCopyToPath(LWPaths::resourcePath(QStringLiteral("Data")),
-                                            LWPaths::dataPath(QStringLiteral("Data")));
-}
-
-void markComplete()
-{
-    LWTextFiles::writeAtomically(LWPaths::dataPath(versionFile), QString::number(LWPaths::buildNumber()));
 }
 
 }

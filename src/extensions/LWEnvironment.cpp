@@ -19,10 +19,10 @@ namespace {
 LWEnvironment *sharedEnvironment = nullptr;
 
 template <typename Bundle, typename Factory>
-void appendBundles(std::vector<std::unique_ptr<Bundle>> &list, const QString &folder, const QString &type,
-                   Factory make)
+void appendBundles(std::vector<std::unique_ptr<Bundle>> &list, const QString &relativeFolder,
+                   const QString &type, Factory make)
 {
-    for (const QString &path : FileManager::folderContentsOfType(folder, type))
+    for (const QString &path : FileManager::folderContentsOfType(LWPaths::dataPath(relativeFolder), type))
         list.emplace_back(make(path));
 }
 
@@ -52,11 +52,7 @@ void copyIntoUserFolder(const QString &path, const QString &relativeFolder)
 }
 
 LWEnvironment::LWEnvironment() = default;
-LWEnvironment::~LWEnvironment()
-{
-    if (dataCopy.valid())
-        dataCopy.wait();
-}
+LWEnvironment::~LWEnvironment() = default;
 
 LWEnvironment *LWEnvironment::shared()
 {
@@ -68,28 +64,15 @@ void LWEnvironment::setShared(LWEnvironment *environment)
     sharedEnvironment = environment;
 }
 
-void LWEnvironment::load(DataCopy when, std::function<void()> dataTreeReady)
+void LWEnvironment::load()
 {
     setEnvPath(LWTerminal::getPath());
     setPwd(QString());
     updated = LWDataRoot::prepare();
-    const bool inBackground = updated && when == DataCopy::inBackground && !LWPaths::isSandboxed();
-    const bool copiedBefore = updated && !inBackground && LWDataRoot::copyData();
-    LWPaths::setUserDataTreeReady(!updated || copiedBefore);
     loadBundles();
     buildLookupMaps();
-    if (inBackground) {
-        // Installs start compiler processes, so they run on the main thread;
-        // the queued call is dropped when this registry has gone.
-        dataCopy = std::async(std::launch::async, [this, dataTreeReady = std::move(dataTreeReady)] {
-            const bool copied = LWDataRoot::copyData();
-            QMetaObject::invokeMethod(
-                &copyFinisher, [this, copied, dataTreeReady] { finishDataCopy(copied, dataTreeReady); },
-                Qt::QueuedConnection);
-        });
-    } else if (updated) {
-        finishDataCopy(copiedBefore, [] {});
-    }
+    if (updated)
+        installAll();
 }
 
 void LWEnvironment::loadBundles()
@@ -97,15 +80,13 @@ void LWEnvironment::loadBundles()
     const QString theme = QStringLiteral("lwTheme");
     const QString spec = QStringLiteral("lwSpec");
     const QString plugin = QStringLiteral("lwPlugin");
-    const QString userThemes = LWPaths::dataPath(QStringLiteral("User/Themes"));
-    appendBundles(themeList, LWPaths::shippedDataPath(QStringLiteral("Data/Themes")), theme, &LWTheme::themeFromPath);
-    appendBundles(themeList, userThemes, theme, &LWTheme::themeFromPath);
+    appendBundles(themeList, QStringLiteral("Data/Themes"), theme, &LWTheme::themeFromPath);
+    appendBundles(themeList, QStringLiteral("User/Themes"), theme, &LWTheme::themeFromPath);
     // User specifications live in the user themes folder.
-    appendBundles(specList, LWPaths::shippedDataPath(QStringLiteral("Data/Specs")), spec, &LWSpec::specFromPath);
-    appendBundles(specList, userThemes, spec, &LWSpec::specFromPath);
-    appendBundles(pluginList, LWPaths::shippedDataPath(QStringLiteral("Data/Plugins")), plugin,
-                  &LWPlugin::pluginFromPath);
-    appendBundles(pluginList, LWPaths::dataPath(QStringLiteral("User/Plugins")), plugin, &LWPlugin::pluginFromPath);
+    appendBundles(specList, QStringLiteral("Data/Specs"), spec, &LWSpec::specFromPath);
+    appendBundles(specList, QStringLiteral("User/Themes"), spec, &LWSpec::specFromPath);
+    appendBundles(pluginList, QStringLiteral("Data/Plugins"), plugin, &LWPlugin::pluginFromPath);
+    appendBundles(pluginList, QStringLiteral("User/Plugins"), plugin, &LWPlugin::pluginFromPath);
 }
 
 void LWEnvironment::buildLookupMaps()
@@ -121,40 +102,14 @@ void LWEnvironment::buildLookupMaps()
     }
 }
 
-// Installs every bundle into the fresh copy, marks it complete and reads the
-// shipped files from it from then on. A failed copy leaves the reads on the
-// resource folder and is tried again at the next start.
-void LWEnvironment::finishDataCopy(bool copied, const std::function<void()> &dataTreeReady)
+void LWEnvironment::installAll()
 {
-    if (!copied) {
-        qWarning("LWEnvironment :: could not copy the Data folder into %s; using the shipped one at %s "
-                 "(the copy is tried again at the next start)",
-                 qUtf8Printable(LWPaths::dataRoot()), qUtf8Printable(LWPaths::resourcePath(QStringLiteral("Data"))));
-        return;
-    }
+    for (const auto &theme : themeList)
+        theme->install();
     for (const auto &spec : specList)
         spec->install();
     for (const auto &plugin : pluginList)
         plugin->install();
-    LWDataRoot::markComplete();
-    LWPaths::setUserDataTreeReady(true);
-    installThemesThen(dataTreeReady);
-}
-
-// LESS themes compile in child processes; `finished` runs after the last one.
-void LWEnvironment::installThemesThen(const std::function<void()> &finished)
-{
-    if (themeList.empty()) {
-        finished();
-        return;
-    }
-    const auto remaining = std::make_shared<size_t>(themeList.size());
-    for (const auto &theme : themeList) {
-        theme->installThen([remaining, finished] {
-            if (--*remaining == 0)
-                finished();
-        });
-    }
 }
 
 QList<LWTheme *> LWEnvironment::themes() const

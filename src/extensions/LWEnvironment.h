@@ -3,12 +3,9 @@
 #include <QHash>
 #include <QList>
 #include <QMutex>
-#include <QObject>
 #include <QString>
 #include <QVariant>
 
-#include <functional>
-#include <future>
 #include <memory>
 #include <vector>
 
@@ -34,20 +31,12 @@ public:
     static LWEnvironment *shared();
     static void setShared(LWEnvironment *environment);
 
-    // Where start-up makes a fresh "Data" copy: before loading (the copy is
-    // done when load() returns), or in the background while the window opens
-    // (bundles and pages are then read from the resource folder's own tree
-    // until the copy is complete; not when sandboxed).
-    enum class DataCopy { beforeLoading, inBackground };
-
     // Start-up: sets up the data root (user folders, version check, fresh
     // "Data" copy), loads all bundles, builds the lookup maps and, after a
-    // fresh copy, installs every bundle into it. After a background copy,
-    // `dataTreeReady` runs on the main thread once the copy is complete and
-    // its themes are installed. Call once.
-    void load(DataCopy when = DataCopy::beforeLoading, std::function<void()> dataTreeReady = {});
+    // fresh copy, installs every bundle. Call once.
+    void load();
 
-    // Whether load() found the "Data" tree missing or outdated and began a fresh copy.
+    // Whether load() copied a fresh "Data" tree and installed the bundles.
     bool wasUpdated() const { return updated; }
 
     // --- Bundles and lookups
@@ -110,8 +99,7 @@ public:
 private:
     void loadBundles();
     void buildLookupMaps();
-    void finishDataCopy(bool copied, const std::function<void()> &dataTreeReady);
-    void installThemesThen(const std::function<void()> &finished);
+    void installAll();
     QVariantMap completedPluginEntry(const QVariantMap &entry, const QHash<QString, LWPlugin *> &plugins,
                                      const QString &selector) const;
 
@@ -124,8 +112,6 @@ private:
     LWPlugin *boundRunPlugin = nullptr;
     LWSpec *menuSpec = nullptr; // the language specification the plugin menus were last built for
     bool updated = false;
-    std::future<void> dataCopy; // the background "Data" copy, waited for before the bundles go
-    QObject copyFinisher; // runs the end of a background copy on the main thread
 
     mutable QMutex lock;
     QString envPathValue;

@@ -19,24 +19,13 @@ QString LWTheme::modulePath() const
 
 void LWTheme::install()
 {
-    installThen([] {});
-}
-
-void LWTheme::installThen(const std::function<void()> &finished)
-{
-    const QString lessPath = path() + QStringLiteral("/style.less");
-    if (LWTextFiles::isSafeFileName(infoText(QStringLiteral("name"))) && QFileInfo::exists(lessPath)) {
-        compileLess(lessPath, finished);
-        return;
-    }
-    installCss();
-    finished();
-}
-
-void LWTheme::installCss()
-{
     if (!LWTextFiles::isSafeFileName(infoText(QStringLiteral("name")))) {
         qWarning("LWTheme : install :: no usable theme name in %s", qUtf8Printable(path()));
+        return;
+    }
+    const QString lessPath = path() + QStringLiteral("/style.less");
+    if (QFileInfo::exists(lessPath)) {
+        compileLess(lessPath);
         return;
     }
     const auto css = LWTextFiles::readUtf8(path() + QStringLiteral("/style.css"));
@@ -48,7 +37,7 @@ void LWTheme::installCss()
                                                                           info().value(QStringLiteral("dark")), *css));
 }
 
-void LWTheme::compileLess(const QString &lessPath, const std::function<void()> &finished)
+void LWTheme::compileLess(const QString &lessPath)
 {
     const QString lessc = LWPaths::dataPath(QStringLiteral("Data/Bin/node/lib/node_modules/less/bin/lessc"));
     const QString identifier = infoText(QStringLiteral("name"));
@@ -58,18 +47,16 @@ void LWTheme::compileLess(const QString &lessPath, const std::function<void()> &
     // run is alive while its completion runs, so the weak pointer holds then.
     const std::shared_ptr<LWTerm> run = LWTerm::create();
     const std::weak_ptr<LWTerm> compiler = run;
-    run->exec({lessc, lessPath}, {}, nullptr,
-              [compiler, identifier, dark, target, lessPath, finished](const QString &output) {
+    run->exec({lessc, lessPath}, {}, nullptr, [compiler, identifier, dark, target, lessPath](const QString &output) {
         // A failed compile prints the compiler's message, not a style sheet:
         // writing that out would give the editor a broken module.
         const std::shared_ptr<LWTerm> ended = compiler.lock();
         if (!ended || ended->exitStatus() != 0) {
             qWarning("LWTheme : install :: lessc could not compile theme \"%s\" (%s), so it is not installed: %s",
                      qUtf8Printable(identifier), qUtf8Printable(lessPath), qUtf8Printable(output.trimmed()));
-        } else {
-            const QString css = LWThemeModule::rewriteCompiledLess(output, identifier);
-            LWTextFiles::writeAtomically(target, LWThemeModule::moduleText(identifier, dark, css));
+            return;
         }
-        finished();
+        const QString css = LWThemeModule::rewriteCompiledLess(output, identifier);
+        LWTextFiles::writeAtomically(target, LWThemeModule::moduleText(identifier, dark, css));
     });
 }

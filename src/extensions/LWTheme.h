@@ -2,8 +2,6 @@
 
 #include "extensions/LWBundle.h"
 
-#include <functional>
-
 // A theme bundle (".lwTheme"): a manifest ("name", "dark") and a style sheet in
 // LESS ("style.less", compiled by lessc) or plain CSS ("style.css"), installed
 // as the editor module "theme-<name>.js".
@@ -18,13 +16,10 @@ public:
     // LESS (the module is written from the compiler's completion). When lessc
     // fails, its message is logged with the theme's name and nothing is written.
     void install() override;
-    // The same, then runs `finished` once the module is written or has failed.
-    void installThen(const std::function<void()> &finished);
 
 private:
     using LWBundle::LWBundle;
     // Where the module of this theme is written.
     QString modulePath() const;
-    void installCss();
-    void compileLess(const QString &lessPath, const std::function<void()> &finished);
+    void compileLess(const QString &lessPath);
 };

@@ -6,9 +6,6 @@
   'use strict';
 
   var loading = {};
-  // Where the module files are: beside the page until the shell names another
-  // folder (the per-user copy, once a first-run copy has finished).
-  var folder = 'ace/';
 
   function moduleId(kind, name) {
     return 'ace/' + kind + '/' + name;
@@ -21,7 +18,7 @@
   function loadScript(kind, name, id) {
     return new Promise(function (resolve, reject) {
       var script = document.createElement('script');
-      script.src = folder + kind + '-' + encodeURIComponent(name) + '.js';
+      script.src = 'ace/' + kind + '-' + encodeURIComponent(name) + '.js';
       script.onload = function () {
         if (isDefined(id))
           resolve(id);
@@ -54,10 +51,5 @@
     return String(id || '').replace(/^ace\/(mode|theme)\//, '');
   }
 
-  // Loads later modules from this folder URL.
-  function useFolder(url) {
-    folder = String(url).replace(/\/?$/, '/');
-  }
-
-  global.AceModules = { load: load, nameOf: nameOf, useFolder: useFolder };
+  global.AceModules = { load: load, nameOf: nameOf };
 })(window);

@@ -18,15 +18,11 @@
 #include "documents/LWDocumentTree.h"
 #include "documents/LWFileMenuController.h"
 #include "documents/ui/TabBarView.h"
-#include "app/LWPaths.h"
-#include "editor/EditorCommand.h"
-#include "editor/JavaScriptEscape.h"
 #include "editor/LWBackend.h"
 #include "editor/LWDocumentMenuController.h"
 #include "editor/LWEditMenuController.h"
 #include "editor/LWFindMenuController.h"
 #include "editor/LWViewMenuController.h"
-#include "editor/StoredEditorSettings.h"
 #include "editor/ui/LWUtilityWebViewController.h"
 #include "editor/ui/LWWebViewController.h"
 #include "extensions/LWEnvironment.h"
@@ -40,7 +36,6 @@
 #include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
-#include <QUrl>
 #include <QWebEngineView>
 
 LWAppDelegate::LWAppDelegate(const QStringList &paths)
@@ -51,13 +46,7 @@ LWAppDelegate::LWAppDelegate(const QStringList &paths)
       fileMenu(std::make_unique<LWFileMenuController>(*documents))
 {
     LWEnvironment::setShared(environment.get());
-    environment->load(LWEnvironment::DataCopy::inBackground, [] {
-        // The first page came from the shipped tree, which lacks the modules
-        // the installs have just written: read them from the copy from now on.
-        const QString folder = QUrl::fromLocalFile(LWPaths::dataPath(QStringLiteral("Data/Html/ace"))).toString();
-        EditorCommand::send(QStringLiteral("AceModules.useFolder('%1');").arg(escapedForJavascript(folder)));
-        StoredEditorSettings::applyTheme();
-    });
+    environment->load();
     LWDocumentManager::setShared(documents.get());
     editMenu = std::make_unique<LWEditMenuController>();
     documentMenu = std::make_unique<LWDocumentMenuController>([this] { return documents->currentDocument(); },

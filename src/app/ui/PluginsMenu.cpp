@@ -93,7 +93,7 @@ void PluginsMenu::rebuildFor(LWSpec *spec)
 QVariantList PluginsMenu::globalItems() const
 {
     const QVariant index = JSONComments::JSONObjectWithCommentedContentsOfFile(
-        LWPaths::shippedDataPath(QStringLiteral("Data/Plugins/index.json")));
+        LWPaths::dataPath(QStringLiteral("Data/Plugins/index.json")));
     QVariantList items = environment->globalPluginsToMenuFromIndex(index.toList(), selector);
     QSet<QObject *> placed;
     collectPlaced(items, placed);

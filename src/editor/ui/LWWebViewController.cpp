@@ -19,7 +19,7 @@ LWWebViewController::LWWebViewController(QObject *backend, QWidget *viewParent)
 
 void LWWebViewController::loadEditorPage()
 {
-    bridgePage->loadShellPage(LWPaths::shippedDataPath(QStringLiteral("Data/Html/index.html")));
+    bridgePage->loadShellPage(LWPaths::dataPath(QStringLiteral("Data/Html/index.html")));
 }
 
 void LWWebViewController::send(const QString &script)

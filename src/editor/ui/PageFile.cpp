@@ -16,7 +16,7 @@ QString text(const QString &path)
 
 QString utilityPagePath()
 {
-    return LWPaths::shippedDataPath(QStringLiteral("Data/Html/uindex.html"));
+    return LWPaths::dataPath(QStringLiteral("Data/Html/uindex.html"));
 }
 
 }
