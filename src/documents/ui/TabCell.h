@@ -31,7 +31,6 @@ public:
 
     QRect frame() const { return tabFrame; }
     void setFrame(const QRect &frame) { tabFrame = frame; }
-    bool isActived() const { return actived; }
     void setActived(bool active) { actived = active; }
     bool contains(const QPoint &point) const { return tabFrame.contains(point); }
     QRect closeButtonRect() const;
